@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace ostrak {
+
+// Facts about the machine and the user, for problem reports. Callable from any thread.
+class VKHostInformation final {
+ public:
+  VKHostInformation() = delete;
+  // The DMI product name; empty when it cannot be read.
+  [[nodiscard]] static QString machineType();
+  // Whether the user's account is a listed member of the group "admin"; membership through the primary
+  // group alone does not count. False where there is no such group.
+  [[nodiscard]] static bool isUserAdmin();
+};
+
+[[nodiscard]] QString _machineType();
+[[nodiscard]] bool _isUserAdmin();
+
+}  // namespace ostrak

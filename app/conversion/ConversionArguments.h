@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "ConversionSettings.h"
+#include "MKVFileInfo.h"
+
+namespace decant {
+
+// Everything that one argument list depends on.
+struct ConversionPlan {
+  MKVFileInfo fileInfo;
+  quint64 audioTrackIndex = 0;  // into fileInfo.audioTrackInformation; unused without audio
+  ConversionSettings settings;
+  QString progressFile;  // absolute path
+  bool fixup = false;    // the copied AAC stream needs the ADTS filter
+};
+
+// The documented list for one run of ffmpeg, without the executable. Pure.
+[[nodiscard]] QStringList buildArguments(const ConversionPlan &plan);
+
+// What the muxers of today need besides; applied to the complete documented list.
+[[nodiscard]] QStringList withMuxerForUnusualStreams(QStringList arguments, const ConversionPlan &plan);
+[[nodiscard]] QStringList withTagForHevc(QStringList arguments, const ConversionPlan &plan);
+
+// buildArguments and all additions: exactly what ffmpeg gets.
+[[nodiscard]] QStringList completeArguments(const ConversionPlan &plan);
+
+// Arguments of the one-second test conversion that asks whether a copied AAC track needs the filter.
+[[nodiscard]] QStringList fixupTestArguments(const MKVFileInfo &fileInfo, int trackNumber,
+                                             const QString &destination);
+// Its answer, from what the tool printed.
+[[nodiscard]] bool needsFixup(const QByteArray &output);
+// Whether the test is to be run at all: a track that is copied and is "aac".
+[[nodiscard]] bool wantsFixupTest(const MKVFileInfo &fileInfo, quint64 audioTrackIndex,
+                                  const ConversionSettings &settings);
+
+}  // namespace decant

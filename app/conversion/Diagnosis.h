@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace decant {
+
+// Why a run failed, as far as its output tells.
+enum class FailureKind {
+  noSpace,
+  unreliableDisk,
+  damagedSource,
+  sourceRemoved,
+  videoNotEmbeddable,
+  embeddedSubtitles,
+  subtitleFile,
+  unknown
+};
+
+// The fixed name of a kind, never translated: "noSpace".
+[[nodiscard]] QString failureKindName(FailureKind kind);
+
+// The marker that stands for the output of a job whose source was gone when it should start.
+inline constexpr auto userRemovedMarker = "USER_REMOVED";
+
+struct DiagnosisFacts {
+  QString jobOutput;
+  QStringList arguments;               // of the failed run, for the text of the unknown kind
+  bool disableBuiltinSubtitles = true;
+  bool hasSubtitleTracks = false;
+  bool hasSubtitleFile = false;
+};
+
+struct Diagnosis {
+  FailureKind kind = FailureKind::unknown;
+  QString title;
+  QString text;
+  QStringList buttons;
+  bool offersReport = false;  // the first button sends a problem report
+};
+
+// The first rule of the table that holds decides. Pure.
+[[nodiscard]] Diagnosis diagnose(const DiagnosisFacts &facts);
+[[nodiscard]] FailureKind failureKindOf(const DiagnosisFacts &facts);
+
+// Whether a run that ended with status 0 failed all the same: its output says that the file could not be
+// completed.
+[[nodiscard]] bool saysUnfinishedFile(const QString &jobOutput);
+
+// Whether a line of output matters to a diagnosis, so that it is kept in a flood.
+[[nodiscard]] bool isTellingLine(QByteArrayView line);
+
+}  // namespace decant

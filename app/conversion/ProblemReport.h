@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUrl>
+
+namespace decant {
+
+// What a problem report about a failed conversion carries.
+struct ProblemReportFacts {
+  QString supportAddress;
+  QString appName;
+  QString appVersion;
+  QString commandLine;
+  QString jobOutput;
+  QString recordDescription;
+  QString machineType;
+  QString systemVersion;
+  QByteArray preferences;  // the settings file's bytes
+};
+
+// The exactly escaped mail link, cut to what the system takes as one argument. Pure.
+[[nodiscard]] QUrl problemReportLink(const ProblemReportFacts &facts);
+
+}  // namespace decant

@@ -1,0 +1,61 @@
+# The one strict target that everything links, and the functions that make libraries and tests.
+
+add_library(decant_strict INTERFACE)
+target_compile_features(decant_strict INTERFACE cxx_std_20)
+target_compile_definitions(decant_strict INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_JAVA_STYLE_ITERATORS
+  QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(decant_strict INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wcast-qual $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> $<$<BOOL:${DECANT_WERROR}>:-Werror>)
+if(DECANT_SANITIZE)
+  target_compile_options(decant_strict INTERFACE -fsanitize=${DECANT_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=undefined)
+  target_link_options(decant_strict INTERFACE -fsanitize=${DECANT_SANITIZE})
+endif()
+if(DECANT_COVERAGE)
+  target_compile_options(decant_strict INTERFACE --coverage)
+  target_link_options(decant_strict INTERFACE --coverage)
+endif()
+
+# decant_library(NAME [INCLUDE folder…] [LINK target…]) makes a static library of the sources and
+# headers in the current folder and in each INCLUDE folder: a file that lies there is part of it. The
+# headers of a library are seen only by those that link it, which is how the arrows between the
+# layers are held.
+function(decant_library name)
+  cmake_parse_arguments(ARG "" "" "INCLUDE;LINK" ${ARGN})
+  set(sources "")
+  foreach(folder . ${ARG_INCLUDE})
+    file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+         ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+    list(APPEND sources ${found})
+  endforeach()
+  list(REMOVE_DUPLICATES sources)
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  foreach(folder ${ARG_INCLUDE})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+  endforeach()
+  target_link_libraries(${name} PUBLIC decant_strict ${ARG_LINK})
+endfunction()
+
+# decant_tests(LABEL unit|integration|gui [TIMEOUT seconds] [LINK target…]) makes one test of every
+# tst_*.cpp in the current folder. A test's own helpers are the other sources of that folder.
+function(decant_tests)
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "LINK" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tst_*.cpp)
+  file(GLOB helpers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  list(REMOVE_ITEM helpers ${tests} "")
+  foreach(test ${tests})
+    get_filename_component(name ${test} NAME_WE)
+    add_executable(${name} ${test} ${helpers})
+    target_link_libraries(${name} PRIVATE ${ARG_LINK} decant_test_support Qt6::Test decant_strict)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT})
+  endforeach()
+endfunction()
