@@ -42,11 +42,12 @@ struct StopDelays {
 };
 
 // One run of one external tool, standard output and standard error merged into one stream. It ends
-// exactly once: `done` comes once for every `start`, whatever order the toolkit reports things in, after
-// the last output. The child dies with the program, even when that is killed with SIGKILL, provided the
-// starting thread lives as long as the child. Descriptors are closed in the child.
+// exactly once: `done` comes once for every `start`, whatever order the toolkit reports things in,
+// after the last output. The child dies with the program, even when that is killed with SIGKILL,
+// provided the starting thread lives as long as the child. Descriptors are closed in the child.
 //
-// Used on one thread, which needs an event loop, or waitForDone.
+// Used on one thread, which needs an event loop, or waitForDone. A receiver of its signals that
+// wants it gone calls deleteLater.
 class ChildProcess final : public QObject {
   Q_OBJECT
 
@@ -55,20 +56,20 @@ class ChildProcess final : public QObject {
   // Kills and reaps a child that still runs; `done` does not come any more.
   ~ChildProcess() override;
 
-  // Starts the child; at most once per object. A failed start is told through `done`, from the event
-  // loop or from waitForDone, never from inside this call.
+  // Starts the child; at most once per object. A failed start is told through `done`, from the
+  // event loop or from waitForDone, never from inside this call.
   void start(const ChildSetup &setup);
   [[nodiscard]] bool isRunning() const;
   [[nodiscard]] qint64 processId() const;
 
   void suspend();  // SIGSTOP
   void resume();   // SIGCONT
-  // The ladder: SIGTERM (and SIGCONT, so that a stopped child hears it), then SIGKILL after the grace.
-  // Returns at once; the end comes through `done`.
+  // The ladder: SIGTERM (and SIGCONT, so that a stopped child hears it), then SIGKILL after the
+  // grace. Returns at once; the end comes through `done`.
   void stop();
 
-  // Blocks without an event loop until the child has ended, or the time is over (-1: for ever). True
-  // when it ended; `done` and `output` come from inside the call.
+  // Blocks without an event loop until the child has ended, or the time is over (-1: for ever).
+  // True when it ended; `done` and `output` come from inside the call.
   bool waitForDone(std::chrono::milliseconds timeout = std::chrono::milliseconds(-1));
 
  Q_SIGNALS:
@@ -83,10 +84,10 @@ class ChildProcess final : public QObject {
   std::unique_ptr<Private> d;
 };
 
-// Runs a child to its end on the calling thread. With a deadline a child that is still running then is
-// stopped by the ladder. `output` gets all that was printed.
-[[nodiscard]] ChildResult runChild(const ChildSetup &setup, QByteArray &output,
-                                   std::chrono::milliseconds deadline = std::chrono::milliseconds(-1),
-                                   StopDelays delays = {});
+// Runs a child to its end on the calling thread. With a deadline a child that is still running then
+// is stopped by the ladder. `output` gets all that was printed.
+[[nodiscard]] ChildResult runChild(
+    const ChildSetup &setup, QByteArray &output,
+    std::chrono::milliseconds deadline = std::chrono::milliseconds(-1), StopDelays delays = {});
 
 }  // namespace ostrak

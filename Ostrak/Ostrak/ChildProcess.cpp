@@ -1,0 +1,196 @@
+#include "ChildProcess.h"
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QPointer>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+
+#include "StopLadder.h"
+
+namespace ostrak {
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Runs in the child between fork and exec, so it only makes system calls.
+void prepareChild(pid_t parent) {
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // The parent may have died before the line above.
+  if (::getppid() != parent) ::_exit(127);
+  // A child that inherits a blocked SIGTERM would never hear the ladder.
+  sigset_t none;
+  sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+  ::signal(SIGTERM, SIG_DFL);
+  // Descriptors that somebody opened without O_CLOEXEC, or that the program itself was given.
+  ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+}
+
+bool isRefusal(const QString &error) {
+  return error.endsWith(qt_error_string(EAGAIN)) || error.endsWith(qt_error_string(ENOMEM));
+}
+
+}  // namespace
+
+struct ChildProcess::Private {
+  enum class State { Idle, Running, Failed, Done };
+
+  Private(ChildProcess &q, StopDelays delays)
+      : owner(q), ladder(delays.grace, [this](int signal) { send(signal); }) {}
+
+  void send(int signal) {
+    const pid_t pid = static_cast<pid_t>(process.processId());
+    if (pid > 0) ::kill(pid, signal);
+  }
+
+  // Emits what has been printed; false when a receiver has deleted the owner.
+  [[nodiscard]] bool readOutput() {
+    const QPointer<ChildProcess> alive(&owner);
+    const QByteArray bytes = process.readAllStandardOutput();
+    if (!bytes.isEmpty()) Q_EMIT owner.output(bytes);
+    return !alive.isNull();
+  }
+
+  void fail(const QString &error) {
+    result.end = ChildResult::End::FailedToStart;
+    result.error = error;
+    result.processRefused = isRefusal(error);
+    state = State::Failed;
+    QMetaObject::invokeMethod(
+        &owner, [this] { announce(); }, Qt::QueuedConnection);
+  }
+
+  void finish(int code, QProcess::ExitStatus how) {
+    ladder.leave();
+    if (!readOutput()) return;
+    const bool byItself = how == QProcess::NormalExit;
+    if (byItself) {
+      result.exitStatus = code;
+    } else {
+      result.signal = code;
+    }
+    if (ladder.wasClimbed()) {
+      result.end = ChildResult::End::Stopped;
+    } else {
+      result.end = byItself ? ChildResult::End::Exited : ChildResult::End::Signalled;
+    }
+    announce();
+  }
+
+  void announce() {
+    if (state == State::Done) return;
+    state = State::Done;
+    const ChildResult copy = result;
+    Q_EMIT owner.done(copy);
+  }
+
+  ChildProcess &owner;
+  QProcess process;
+  StopLadder ladder;
+  State state = State::Idle;
+  ChildResult result;
+};
+
+ChildProcess::ChildProcess(StopDelays delays, QObject *parent)
+    : QObject(parent), d(std::make_unique<Private>(*this, delays)) {
+  connect(&d->process, &QProcess::started, this, &ChildProcess::started);
+  connect(&d->process, &QProcess::readyReadStandardOutput, this,
+          [this] { std::ignore = d->readOutput(); });
+  connect(&d->process, &QProcess::finished, this,
+          [this](int code, QProcess::ExitStatus how) { d->finish(code, how); });
+  // Every other error is followed by `finished`.
+  connect(&d->process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+    if (error == QProcess::FailedToStart) d->fail(d->process.errorString());
+  });
+}
+
+ChildProcess::~ChildProcess() {
+  d->ladder.leave();
+  d->process.disconnect(this);
+  if (d->process.state() == QProcess::NotRunning) return;
+  d->process.kill();
+  d->process.waitForFinished();
+}
+
+void ChildProcess::start(const ChildSetup &setup) {
+  if (d->state != Private::State::Idle) return;
+  if (!QDir::isAbsolutePath(setup.executable)) {
+    d->fail(u"the tool has no absolute path: "_s + setup.executable);
+    return;
+  }
+  d->state = Private::State::Running;
+  d->process.setProcessChannelMode(QProcess::MergedChannels);
+  if (setup.inheritInput) {
+    d->process.setInputChannelMode(QProcess::ForwardedInputChannel);
+  } else {
+    d->process.setStandardInputFile(QProcess::nullDevice());
+  }
+  if (!setup.removedEnvironment.isEmpty()) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : setup.removedEnvironment)
+      environment.remove(name);
+    d->process.setProcessEnvironment(environment);
+  }
+  d->process.setChildProcessModifier([parent = ::getpid()] { prepareChild(parent); });
+  d->process.start(setup.executable, setup.arguments, QIODevice::ReadOnly);
+}
+
+bool ChildProcess::isRunning() const {
+  return d->state == Private::State::Running;
+}
+
+qint64 ChildProcess::processId() const {
+  return d->process.processId();
+}
+
+void ChildProcess::suspend() {
+  d->send(SIGSTOP);
+}
+
+void ChildProcess::resume() {
+  d->send(SIGCONT);
+}
+
+void ChildProcess::stop() {
+  if (isRunning()) d->ladder.climb();
+}
+
+bool ChildProcess::waitForDone(std::chrono::milliseconds timeout) {
+  const QDeadlineTimer deadline =
+      timeout.count() < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeout);
+  if (d->state == Private::State::Idle) return false;
+  const QPointer<ChildProcess> alive(this);
+  while (d->state == Private::State::Running) {
+    const QDeadlineTimer until = std::min(deadline, d->ladder.nextRung());
+    d->process.waitForFinished(static_cast<int>(until.remainingTime()));
+    if (!alive) return true;
+    d->ladder.takeDueRung();
+    if (deadline.hasExpired()) break;
+  }
+  if (d->state == Private::State::Failed) d->announce();
+  return !alive || d->state == Private::State::Done;
+}
+
+ChildResult runChild(const ChildSetup &setup, QByteArray &output,
+                     std::chrono::milliseconds deadline, StopDelays delays) {
+  ChildResult result;
+  ChildProcess child(delays);
+  QObject::connect(&child, &ChildProcess::output, &child,
+                   [&output](const QByteArray &bytes) { output += bytes; });
+  QObject::connect(&child, &ChildProcess::done, &child,
+                   [&result](const ChildResult &end) { result = end; });
+  child.start(setup);
+  if (!child.waitForDone(deadline)) {
+    child.stop();
+    child.waitForDone();
+  }
+  return result;
+}
+
+}  // namespace ostrak
