@@ -2,8 +2,8 @@
 
 #include <chrono>
 
-// Time as the program sees it. `monotonic` measures spans and never jumps; it counts from an arbitrary
-// moment.
+// Time as the program sees it. `monotonic` measures spans and never jumps; it counts from an
+// arbitrary moment.
 class Clock {
  public:
   virtual ~Clock() = default;

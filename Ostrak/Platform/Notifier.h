@@ -6,7 +6,7 @@
 
 // A message that the desktop shows, with its default sound.
 struct Notification {
-  QString id;           // one per job, so that a newer one replaces the older
+  QString id;  // one per job, so that a newer one replaces the older
   QString title;
   QString text;
   QString actionTitle;  // null: no action
@@ -33,7 +33,9 @@ class NullNotifier final : public Notifier {
 class RecordingNotifier final : public Notifier {
  public:
   void post(const Notification &notification) override { posted.append(notification); }
-  void setActivated(std::function<void(const QString &)> handler) override { m_handler = std::move(handler); }
+  void setActivated(std::function<void(const QString &)> handler) override {
+    m_handler = std::move(handler);
+  }
   void activate(const QString &path) const {
     if (m_handler) m_handler(path);
   }

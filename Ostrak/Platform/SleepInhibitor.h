@@ -15,8 +15,8 @@ class SleepAssertion {
 class SleepInhibitor {
  public:
   virtual ~SleepInhibitor() = default;
-  // `reason` is shown by desktops that list what keeps them awake. Never waits, never null: where no
-  // service answers, the assertion holds nothing.
+  // `reason` is shown by desktops that list what keeps them awake. Never waits, never null: where
+  // no service answers, the assertion holds nothing.
   [[nodiscard]] virtual std::unique_ptr<SleepAssertion> inhibit(const QString &reason) = 0;
 };
 

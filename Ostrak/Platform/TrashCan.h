@@ -7,13 +7,16 @@
 class TrashCan {
  public:
   virtual ~TrashCan() = default;
-  // Null when the file was moved; else why not, for the log, and the file stays where it is. Any thread.
+  // Null when the file was moved; else why not, for the log, and the file stays where it is. Any
+  // thread.
   [[nodiscard]] virtual QString moveToTrash(const QString &path) = 0;
 };
 
 class NullTrashCan final : public TrashCan {
  public:
-  [[nodiscard]] QString moveToTrash(const QString &) override { return QStringLiteral("there is no Trash"); }
+  [[nodiscard]] QString moveToTrash(const QString &) override {
+    return QStringLiteral("there is no Trash");
+  }
 };
 
 // For tests: remembers what should have gone and leaves it where it is.

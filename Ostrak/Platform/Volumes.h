@@ -17,14 +17,18 @@ class Volumes {
 class NullVolumes final : public Volumes {
  public:
   [[nodiscard]] std::optional<quint64> freeSpace(const QString &) const override { return {}; }
-  [[nodiscard]] std::optional<quint64> maximumFileSize(const QString &) const override { return {}; }
+  [[nodiscard]] std::optional<quint64> maximumFileSize(const QString &) const override {
+    return {};
+  }
 };
 
 // For tests: answers what it was given.
 class FakeVolumes final : public Volumes {
  public:
   [[nodiscard]] std::optional<quint64> freeSpace(const QString &) const override { return free; }
-  [[nodiscard]] std::optional<quint64> maximumFileSize(const QString &) const override { return maximum; }
+  [[nodiscard]] std::optional<quint64> maximumFileSize(const QString &) const override {
+    return maximum;
+  }
   std::optional<quint64> free;
   std::optional<quint64> maximum;
 };
