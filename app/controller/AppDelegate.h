@@ -3,9 +3,11 @@
 #include <QUrl>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "ConversionJob.h"
 #include "Destinations.h"
+#include "DisposalGate.h"
 #include "Intake.h"
 #include "JobController.h"
 #include "JobQueue.h"
@@ -22,19 +24,28 @@ struct AppServices {
   TrashCan &trashCan;
   QStringList preferredLanguages;  // three-letter codes
   std::function<void()> quit;      // ends the event loop
+  Prober prober = &probeFile;
+  // Where a record goes that is queued without a question; empty means next to its source.
+  std::function<DestinationChoice()> destination = {};
+  // Folders that the program may write to; outside a sandbox, all.
+  QStringList openedFolders = {QStringLiteral("/")};
 };
 
-// The application controller: owns queue, intake and disposal and carries events between them. Each of its
-// operations is a line or two into one of these. Main thread.
+// The application controller: owns queue, intake and disposal and carries events between them. Each
+// of its operations is a line or two into one of these. Main thread.
 class AppDelegate final : public ostrak::VKApplicationDelegate, public JobController {
   Q_OBJECT
   Q_PROPERTY(QString addButtonTitle READ addButtonTitle NOTIFY pauseTextsChanged)
+  Q_PROPERTY(QString windowTitle READ windowTitle NOTIFY windowTitleChanged)
 
  public:
+  // Registers the settings.
   explicit AppDelegate(AppServices services, QObject *parent = nullptr);
+  // Ends what applicationWillTerminate has not ended yet.
   ~AppDelegate() override;
 
-  // Start-up steps that the terminal and the window share: counts a launch, repairs the settings.
+  // Start-up steps that the terminal and the window share: counts a launch, repairs the settings,
+  // tells once about stored values that are out of range.
   void applicationWillFinishLaunching();
 
   [[nodiscard]] JobQueue &queue() { return m_queue; }
@@ -42,16 +53,22 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   [[nodiscard]] SourceDisposal &disposal() { return m_disposal; }
 
   // Queue.
-  // A job for the record that intake shows, with the chosen track, writing to `destination`.
+  // A job for the record that intake shows, with the chosen track, writing to `destination`; null
+  // when no record is shown.
   [[nodiscard]] std::unique_ptr<ConversionJob> makeJob(const QUrl &destination);
-  // Admits a job. One whose destination is not writable, or is a source, is dropped and the user told.
+  // Admits a job. One whose destination is not writable, or is a source, is dropped and the user
+  // told. A destination that another job has claimed is made unique.
   enum class Admission { added, notWritable, destinationIsSource };
   Admission addJob(std::unique_ptr<ConversionJob> job);
+  // Makes a job of the shown record by the current choice of the destination. Nothing when no
+  // record is shown, or when no folder may be used.
+  std::optional<Admission> addToQueue();
   void cleanClicked();
   [[nodiscard]] QString windowTitle() const;
   [[nodiscard]] QString addButtonTitle() const;
   // Whether quitting may go ahead; asks when a job converts.
   [[nodiscard]] bool applicationShouldTerminate();
+  // Flushes the settings and removes every job. Once; whoever ends the event loop calls it.
   void applicationWillTerminate();
   [[nodiscard]] const ClaimedNames &claimedNames() const { return m_claimed; }
 
@@ -61,6 +78,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   [[nodiscard]] int jobCountWithState(JobState state) const override;
   void startNextJobInQueue() override;
   void increaseUsages(bool countOne, bool allowFeedbackNow) override;
+  // Quits once intake and disposal are idle, unless something fails or runs by then.
   void terminate() override;
   [[nodiscard]] ConversionSettings conversionSettings() const override;
   [[nodiscard]] CompletionSettings completionSettings() const override;
@@ -71,14 +89,28 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
  Q_SIGNALS:
   void windowTitleChanged(const QString &title);
   void pauseTextsChanged();
+  // The hint about the faster style is due; speedHintShown() when it has been dismissed.
+  void speedHintDue();
 
  private:
+  [[nodiscard]] Admission admissionOf(ConversionJob &job) const;
+  void refuse(const ConversionJob &job, const QString &message, const QString &button);
+  void updateWindowTitle();
+  void intakeDrained();
+  void checkDisposals();
+  void disposeOfReady();
+  void quitWhenIdle();
+
   AppServices m_services;
   ClaimedNames m_claimed;
-  JobQueue m_queue;
-  Intake m_intake;
+  DisposalGate m_gate;
   SourceDisposal m_disposal;
-  bool m_quitWhenIdle = false;
+  Intake m_intake;
+  JobQueue m_queue;  // last, so that its jobs go first
+  bool m_admitting = false;
+  bool m_disposalCheckDue = false;
+  bool m_quitWanted = false;
+  bool m_terminated = false;
 };
 
 }  // namespace decant

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -12,6 +11,14 @@
 
 namespace decant {
 
+// Where the output of a record goes. Asking each time is a matter of the window, which then names a
+// file.
+struct DestinationChoice {
+  enum class Kind { NextToSource, Folder };
+  Kind kind = Kind::NextToSource;
+  QString folder;  // absolute; of Kind::Folder
+};
+
 // "m4v" or "mp4", by the setting.
 [[nodiscard]] QString outputExtension();
 // Name of the output of a record: its file name without extension, and the extension.
@@ -21,15 +28,19 @@ namespace decant {
 // Index of the last folder whose path is a plain string prefix of `target`; -1 when none is.
 [[nodiscard]] qsizetype lastFolderHolding(const QString &target, const QStringList &folders);
 
-// Names that jobs will write and files that they will read, from the moment a job is queued until it
-// leaves the queue, so that two jobs never share an output and none overwrites another's source.
-// All lookups are constant time.
+// Names that jobs will write and files that they will read, from the moment a job is queued until
+// it leaves the queue, so that two jobs never share an output and none overwrites another's source.
+// A name stands for the folder that holds it, whatever path leads there; a source is known by its
+// device and inode as they were when it was claimed, so that renaming it does not unprotect it, and
+// by its name. All lookups are constant time.
 class ClaimedNames final {
  public:
   void claim(const QString &destination, const QString &source);
-  void release(const QString &destination, const QString &source);
+  void release(const QString &destination);
+  // The job that claimed `destination` will write to `other` instead.
+  void move(const QString &destination, const QString &other);
   [[nodiscard]] bool isClaimed(const QString &destination) const;
-  // Whether the file at `path` is a source of a queued job, compared by device and inode.
+  // Whether the file at `path` is a source of a queued job.
   [[nodiscard]] bool isSource(const QString &path) const;
   // How many jobs read the source at `path`.
   [[nodiscard]] int jobsOnSource(const QString &path) const;
@@ -37,9 +48,20 @@ class ClaimedNames final {
   [[nodiscard]] QString uniqueName(const QString &wanted) const;
 
  private:
-  QSet<QString> m_destinations;
-  QHash<QString, ostrak::FileIdentity> m_identities;  // of sources, by path, as they were when claimed
+  struct Claim {
+    QString sourceName;
+    std::optional<ostrak::FileIdentity> source;
+  };
+  QHash<QString, Claim> m_claims;  // by the destination's name
+  QHash<QString, int> m_sourceNames;
   QHash<ostrak::FileIdentity, int> m_sources;
 };
+
+// The file that a record is converted to, made unique; nothing when the choice is next to the
+// source and no folder of `openedFolders` holds that.
+[[nodiscard]] std::optional<QUrl> resolveDestination(const DestinationChoice &choice,
+                                                     const MKVFileInfo &fileInfo,
+                                                     const QStringList &openedFolders,
+                                                     const ClaimedNames &claimed);
 
 }  // namespace decant

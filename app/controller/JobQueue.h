@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "JobState.h"
 
@@ -13,8 +14,8 @@ namespace decant {
 
 class ConversionJob;
 
-// The list of jobs and the rule that exactly one runs: order, counts, what is tried next. It never sticks:
-// after every event it runs a job or none can run. Main thread.
+// The list of jobs and the rule that exactly one runs: order, counts, what is tried next. It never
+// sticks: after every event it runs a job or none can run. Main thread.
 class JobQueue final : public QObject {
   Q_OBJECT
 
@@ -26,26 +27,32 @@ class JobQueue final : public QObject {
   [[nodiscard]] const QList<ConversionJob *> &taskArray() const { return m_taskArray; }
   // Position in taskArray, -1 when the job is not in it. Logarithmic.
   [[nodiscard]] qsizetype indexOf(const ConversionJob &job) const;
+  // Constant time.
   [[nodiscard]] int jobCountWithState(JobState state) const;
   [[nodiscard]] bool paused() const { return m_paused; }
 
   // Puts a job at the top, or at the bottom.
   void insert(std::unique_ptr<ConversionJob> job, bool atBottom);
+  // The same, but the job is started first, before it stands in the list. False when it did not
+  // launch.
+  bool insertStarted(std::unique_ptr<ConversionJob> job, bool atBottom);
   // Takes a job out; it is deleted when the running handler is done.
   void take(ConversionJob &job);
-  // Keeps counts and the index of runnable jobs; called after each change of a job's state.
+  // Keeps counts and indexes; called after each change of a job's state. A job that comes to
+  // convert while another does pauses the other. Logarithmic, whatever the state.
   void stateChanged(ConversionJob &job, JobState before);
 
-  // Does nothing while paused or while a job converts. Else resumes or starts the first paused or queued
-  // job in list order; one that does not launch is passed over and the next is tried, each once.
-  void startNextJobInQueue();
+  // Does nothing while paused or while a job converts. Else resumes or starts the first paused or
+  // queued job in list order; one that does not launch is passed over and the next is tried, each
+  // once. A job that has been tried for this event already is left out.
+  void startNextJobInQueue(const ConversionJob *alreadyTried = nullptr);
   // Lifts or sets the paused mark, without touching jobs.
   void setPaused(bool paused);
   // Pauses every converting job.
   void pauseConverting();
-  // Removes every finished job.
+  // Removes every finished job, and starts the next one after the last of them.
   void clean();
-  // Removes every job, the first first.
+  // Removes every job, the first first, for good: nothing is started any more.
   void removeAll();
 
  Q_SIGNALS:
@@ -53,21 +60,41 @@ class JobQueue final : public QObject {
   void inserted(qsizetype index);
   void aboutToRemove(qsizetype index);
   void removed(qsizetype index);
+  // Counts or length have changed.
   void countsChanged();
   void pausedChanged(bool paused);
-  // A start ended without launching and left the job queued for want of room.
+  // A start ended without launching and left the job queued for want of room. It is in the list and
+  // may be removed from here.
   void jobHadNoRoom(decant::ConversionJob *job);
 
  private:
-  // Jobs are numbered so that list order is the order of their numbers: smaller ones stand further up.
-  std::unordered_map<const ConversionJob *, qint64> m_numbers;
-  std::map<qint64, ConversionJob *> m_runnable;  // queued and paused
+  // Jobs are numbered so that list order is the order of their numbers: smaller ones stand further
+  // up.
+  using Number = qint64;
+  struct Entry {
+    Number number = 0;
+    JobState state = JobStateQueued;  // as the indexes know it
+    std::unique_ptr<ConversionJob> job;
+  };
+  using Index = std::map<Number, ConversionJob *>;
+
+  [[nodiscard]] Index &index(JobState state) { return m_byState.at(static_cast<size_t>(state)); }
+  [[nodiscard]] bool mayStart() const;
+  void tryRunnable(std::unordered_set<Number> &tried);
+  bool launch(ConversionJob &job);
+  [[nodiscard]] const Index::value_type *nextRunnable(Number after);
+  [[nodiscard]] QList<ConversionJob *> jobsInState(JobState state);
+
+  std::unordered_map<const ConversionJob *, Entry> m_entries;
+  std::array<Index, jobStateCount> m_byState;
   QList<ConversionJob *> m_taskArray;
-  std::array<int, jobStateCount> m_counts{};
-  qint64 m_top = 0;
-  qint64 m_bottom = 1;
+  std::unordered_set<ConversionJob *> m_leaving;  // taken out, not yet deleted
+  Number m_top = 0;
+  Number m_bottom = 1;
   bool m_paused = false;
   bool m_starting = false;
+  bool m_askedAgain = false;
+  int m_holds = 0;  // while above 0, nothing is started
 };
 
 }  // namespace decant

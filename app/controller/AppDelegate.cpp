@@ -1,0 +1,274 @@
+#include "AppDelegate.h"
+
+#include <QMetaObject>
+#include <QScopedValueRollback>
+
+#include "Alerts.h"
+#include "Defaults.h"
+#include "Format.h"
+#include "LaunchFixups.h"
+#include "Ostrak.h"
+#include "Settings.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+using ostrak::localized;
+using ostrak::makeString;
+using ostrak::tk;
+
+namespace {
+
+bool isEnd(JobState state) {
+  return state == JobStateFinished || state == JobStateFailed;
+}
+
+QString destinationPath(const ConversionJob &job) {
+  return job.fileInfo().destinationURL.toLocalFile();
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(AppServices services, QObject *parent)
+    : VKApplicationDelegate(parent),
+      m_services(std::move(services)),
+      m_disposal(m_services.trashCan),
+      m_intake(m_services.preferredLanguages, m_services.prober) {
+  registerSettings();
+  connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);
+  connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);
+  connect(&m_intake, &Intake::drained, this, &AppDelegate::intakeDrained);
+  connect(&m_intake, &Intake::refused, this, &AppDelegate::updateWindowTitle);
+  connect(&m_intake, &Intake::probed, this, [this] {
+    if (settingBool("AutoAdd")) addToQueue();
+  });
+  connect(&m_disposal, &SourceDisposal::idle, this, &AppDelegate::quitWhenIdle);
+}
+
+AppDelegate::~AppDelegate() {
+  applicationWillTerminate();
+}
+
+void AppDelegate::applicationWillFinishLaunching() {
+  increaseUsages(false, false);
+  repairRetiredValues();
+  if (speedHintIsDue()) Q_EMIT speedHintDue();
+  migrateDestinationIndex();
+  repairDestinationIndex();
+  const QStringList complaints = storedValueComplaints();
+  if (!complaints.isEmpty())
+    ostrak::postAlert(ostrak::apptitledAlert(complaints.join(u'\n'), {localized(u"OK"_s)}));
+}
+
+std::unique_ptr<ConversionJob> AppDelegate::makeJob(const QUrl &destination) {
+  if (!m_intake.fileInfo()) return nullptr;
+  MKVFileInfo record = *m_intake.fileInfo();
+  record.destinationURL = destination;
+  auto job = std::make_unique<ConversionJob>(std::move(record), m_intake.audioTrackIndex(), *this,
+                                             m_services.jobs);
+  job->presetSpeedInfo();
+  return job;
+}
+
+std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
+  if (!m_intake.fileInfo()) return {};
+  const DestinationChoice choice =
+      m_services.destination ? m_services.destination() : DestinationChoice();
+  const std::optional<QUrl> destination =
+      resolveDestination(choice, *m_intake.fileInfo(), m_services.openedFolders, m_claimed);
+  if (!destination) return {};
+  return addJob(makeJob(*destination));
+}
+
+AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job) const {
+  const QString destination = destinationPath(job);
+  const QString source = job.fileInfo().fileURL.toLocalFile();
+  if (ostrak::isSameFile(source, destination) || m_claimed.isSource(destination))
+    return Admission::destinationIsSource;
+  if (m_claimed.isClaimed(destination))
+    job.setDestinationURL(QUrl::fromLocalFile(m_claimed.uniqueName(destination)));
+  return ostrak::isWriteablePath(destinationPath(job)) ? Admission::added : Admission::notWritable;
+}
+
+AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
+  const Admission admission = admissionOf(*job);
+  if (admission == Admission::notWritable) {
+    refuse(
+        *job,
+        localized(u"You don't seem to have write access to the selected destinatation or it is a "
+                  "read-only filesystem. Please choose another destination."_s),
+        localized(u"OK"_s));
+    return admission;
+  }
+  if (admission == Admission::destinationIsSource) {
+    refuse(*job,
+           localized(
+               u"You've tried to overwrite the source file with the target file. Thats the worst "
+               "idea ever."_s),
+           localized(u"D'oh"_s));
+    return admission;
+  }
+  const ConversionJob *tried = nullptr;
+  {
+    const QScopedValueRollback admitting(m_admitting, true);
+    m_claimed.claim(destinationPath(*job), job->fileInfo().fileURL.toLocalFile());
+    m_gate.jobAdded(*job);
+    const bool atBottom = settingBool("InsertJobsAtBottom");
+    if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 &&
+        m_intake.importFiles().isEmpty()) {
+      tried = job.get();
+      m_queue.insertStarted(std::move(job), atBottom);
+    } else {
+      m_queue.insert(std::move(job), atBottom);
+    }
+    m_intake.cancelAdd();
+    updateWindowTitle();
+    m_intake.clearFileInfo();
+  }
+  if (m_intake.isIdle()) m_queue.startNextJobInQueue(tried);
+  return admission;
+}
+
+void AppDelegate::refuse(const ConversionJob &job, const QString &message, const QString &button) {
+  ostrak::Alert alert = ostrak::apptitledAlert(message, {button});
+  alert.subject = job.fileInfo().fileURL.toLocalFile();
+  ostrak::postAlert(alert);
+  m_intake.cancelAdd();
+}
+
+void AppDelegate::intakeDrained() {
+  if (m_admitting) return;
+  m_queue.startNextJobInQueue();
+  quitWhenIdle();
+}
+
+void AppDelegate::cleanClicked() {
+  m_queue.clean();
+}
+
+void AppDelegate::updateWindowTitle() {
+  Q_EMIT windowTitleChanged(windowTitle());
+}
+
+QString AppDelegate::windowTitle() const {
+  const QString status = m_queue.paused() ? localized(u" (Paused)"_s) : u" "_s;
+  const qsizetype jobs = m_queue.taskArray().size();
+  const QString counts = jobs == 0 ? QString()
+                                   : makeString(u" [%li Job(s), %li Queued]"_s, jobs,
+                                                jobCountWithState(JobStateQueued));
+  return makeString(u"%@%@%@"_s, tk->appName(), status, counts);
+}
+
+QString AppDelegate::addButtonTitle() const {
+  return m_queue.paused() ? localized(u"Add to Queue"_s) : localized(u"Start Conversion"_s);
+}
+
+bool AppDelegate::applicationShouldTerminate() {
+  if (jobCountWithState(JobStateConverting) == 0) return true;
+  const int answer = ostrak::alert_apptitled(
+      localized(u"Conversion is in progresss. Are you sure you want to quit?"_s),
+      localized(u"Quit"_s), localized(u"Cancel"_s));
+  return answer == ostrak::firstButton;
+}
+
+void AppDelegate::applicationWillTerminate() {
+  if (m_terminated) return;
+  m_terminated = true;
+  tk->userDefaults().synchronize();
+  m_queue.removeAll();
+}
+
+void AppDelegate::pauseContinueClicked(bool sender) {
+  if (m_queue.paused()) {
+    m_queue.setPaused(false);
+    if (sender) m_queue.startNextJobInQueue();
+  } else if (sender) {
+    m_queue.pauseConverting();
+    m_queue.setPaused(true);
+  }
+  updateWindowTitle();
+}
+
+void AppDelegate::removeJob(ConversionJob &job) {
+  m_claimed.release(destinationPath(job));
+  m_gate.jobLeft(job);
+  m_queue.take(job);
+  checkDisposals();
+}
+
+int AppDelegate::jobCountWithState(JobState state) const {
+  return m_queue.jobCountWithState(state);
+}
+
+void AppDelegate::startNextJobInQueue() {
+  m_queue.startNextJobInQueue();
+}
+
+void AppDelegate::increaseUsages(bool countOne, bool allowFeedbackNow) {
+  const QString text = makeString(
+      localized(
+          u"You have now used [APPNAME] more than 20 times, successfully converting %li MKVs to MP4s."_s),
+      ostrak::defaultInt(u"convertedFileCount"_s));
+  increaseUsagesBy(countOne ? 1 : 0, 10, 20, text, allowFeedbackNow, false);
+}
+
+void AppDelegate::terminate() {
+  m_quitWanted = true;
+  quitWhenIdle();
+}
+
+void AppDelegate::quitWhenIdle() {
+  if (!m_quitWanted || !m_intake.isIdle() || !m_disposal.isIdle() || m_gate.hasReady()) return;
+  m_quitWanted = false;
+  // What arrived meanwhile may run by now; its end asks again.
+  if (!completionSettings().QuitAfterConversion || jobCountWithState(JobStateConverting) > 0 ||
+      jobCountWithState(JobStateFailed) > 0)
+    return;
+  m_services.quit();
+}
+
+ConversionSettings AppDelegate::conversionSettings() const {
+  return readConversionSettings();
+}
+
+CompletionSettings AppDelegate::completionSettings() const {
+  return readCompletionSettings();
+}
+
+QUrl AppDelegate::claimUniqueDestination(const QUrl &wanted) {
+  const QString path = wanted.toLocalFile();
+  const QString unique = m_claimed.uniqueName(path);
+  m_claimed.move(path, unique);
+  return QUrl::fromLocalFile(unique);
+}
+
+void AppDelegate::disposeOfSource(const ConversionJob &job, bool deleteOutright) {
+  m_gate.wish(job, deleteOutright);
+  checkDisposals();
+}
+
+void AppDelegate::jobStateChanged(ConversionJob &job, JobState before) {
+  m_queue.stateChanged(job, before);
+  if (isEnd(before) || !isEnd(job.state())) return;
+  m_gate.jobEnded(job, job.state() == JobStateFailed);
+  checkDisposals();
+}
+
+// A success tells its end, its leaving and its wish one after the other; what follows from them is
+// seen when all have been told.
+void AppDelegate::checkDisposals() {
+  if (m_disposalCheckDue) return;
+  m_disposalCheckDue = true;
+  QMetaObject::invokeMethod(this, &AppDelegate::disposeOfReady, Qt::QueuedConnection);
+}
+
+void AppDelegate::disposeOfReady() {
+  m_disposalCheckDue = false;
+  const QList<DisposalRequest> ready = m_gate.takeReady();
+  for (const DisposalRequest &request : ready)
+    m_disposal.dispose(request);
+}
+
+}  // namespace decant

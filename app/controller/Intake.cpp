@@ -1,0 +1,170 @@
+#include "Intake.h"
+
+#include <QPointer>
+
+#include "Dispatch.h"
+#include "Exceptions.h"
+#include "Format.h"
+#include "PreferredAudioTrack.h"
+#include "Settings.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+namespace {
+
+using ostrak::localized;
+
+// Tells about an error that one file caused, once the running handler is done: the batch goes on.
+void tellProblem(const QString &message, const ostrak::Exception &exception) {
+  const QString details = exception.name() + u": "_s + exception.reason();
+  ostrak::dispatch_async_main(
+      [message, details] { ostrak::alert_feedback_nonfatal(message, details); });
+}
+
+ProbeRun brokenReport(const QString &path, const ostrak::Exception &exception) {
+  const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+  const QString message = ostrak::makeString(localized(u"The file %@ could not be read."_s), name);
+  tellProblem(message, exception);
+  ProbeRun run;
+  ostrak::Alert alert;
+  alert.title = localized(u"Error"_s);
+  alert.message = message + u' ' + exception.reason();
+  alert.subject = path;
+  alert.problemReport = true;
+  run.outcome.alerts.append({alert, false});
+  return run;
+}
+
+// On a worker: an error in one file never ends the batch.
+ProbeRun probeGuarded(const Prober &prober, const QString &path) {
+  try {
+    const ProbeRun run =
+        prober(QUrl::fromLocalFile(path), {.heAACConvert = settingBool("HEAACConvert")});
+    raiseAlerts(run);
+    return run;
+  } catch (const ostrak::Exception &exception) {
+    return brokenReport(path, exception);
+  }
+}
+
+}  // namespace
+
+Intake::Intake(QStringList preferredLanguages, QObject *parent)
+    : Intake(std::move(preferredLanguages), &probeFile, parent) {}
+
+Intake::Intake(QStringList preferredLanguages, Prober prober, QObject *parent)
+    : QObject(parent),
+      m_preferredLanguages(std::move(preferredLanguages)),
+      m_prober(std::move(prober)) {}
+
+Intake::~Intake() = default;
+
+Intake::State Intake::state() const {
+  if (m_probing) return State::Probing;
+  if (m_asking) return State::Asking;
+  return m_showing ? State::Showing : State::Idle;
+}
+
+void Intake::openFiles(const QStringList &paths) {
+  const SortedFiles sorted = sortFiles(paths);
+  m_importSubtitleFiles.insert(sorted.subtitles);
+  for (auto movie = sorted.movies.crbegin(); movie != sorted.movies.crend(); ++movie)
+    m_importFiles.append(*movie);
+  addNextFile();
+}
+
+void Intake::addNextFile() {
+  if (state() != State::Idle || m_importFiles.isEmpty()) return;
+  const QString path = m_importFiles.takeLast();
+  const QString subtitle = pairedSubtitle(path, m_importSubtitleFiles);
+  m_probing = true;
+  m_skipping = false;
+  Q_EMIT changed();
+  ostrak::dispatch_async_back([path, subtitle, prober = m_prober, intake = QPointer<Intake>(this)] {
+    const ProbeRun run = probeGuarded(prober, path);
+    ostrak::dispatch_async_main([path, subtitle, run, intake] {
+      if (intake) intake->probeDone(path, subtitle, run);
+    });
+  });
+}
+
+void Intake::probeDone(const QString &path, const QString &subtitle, const ProbeRun &run) {
+  m_probing = false;
+  if (m_skipping) {
+    leave();
+    return;
+  }
+  if (run.outcome.record) {
+    show(*run.outcome.record, subtitle);
+    return;
+  }
+  Q_EMIT changed();
+  Q_EMIT refused(path, run.outcome, run.toolMissing);
+  // Who listens may have opened the next file already.
+  if (state() == State::Idle) leave();
+}
+
+void Intake::show(MKVFileInfo record, const QString &subtitle) {
+  if (!subtitle.isNull()) {
+    record.subtitleFileURL = QUrl::fromLocalFile(subtitle);
+    record.informationString.replace(u")"_s, u"+1)"_s);
+  }
+  m_fileInfo = std::move(record);
+  m_audioTrackIndex = 0;
+  m_showing = true;
+  try {
+    m_audioTrackIndex = static_cast<quint64>(bestLanguage().value_or(0));
+  } catch (const ostrak::Exception &exception) {
+    tellProblem(localized(u"The preferred audio language could not be used."_s), exception);
+  }
+  Q_EMIT changed();
+  Q_EMIT probed();
+}
+
+void Intake::cancelAdd() {
+  if (m_probing) {
+    m_skipping = true;
+    return;
+  }
+  if (m_showing) leave();
+}
+
+// The only way out of a file: on to the next one, or to idleness.
+void Intake::leave() {
+  m_showing = false;
+  m_skipping = false;
+  Q_EMIT changed();
+  addNextFile();
+  if (isIdle()) Q_EMIT drained();
+}
+
+void Intake::clearFileInfo() {
+  m_fileInfo.reset();
+  Q_EMIT changed();
+}
+
+void Intake::setAsking(bool asking) {
+  if (m_asking == asking) return;
+  m_asking = asking;
+  Q_EMIT changed();
+  addNextFile();
+  if (isIdle()) Q_EMIT drained();
+}
+
+std::optional<int> Intake::bestLanguage() const {
+  if (!m_fileInfo) return {};
+  return bestAudioTrack(m_fileInfo->audioTrackInformation, m_preferredLanguages,
+                        static_cast<int>(settingInt("DefaultAudio")));
+}
+
+void Intake::setAudioTrackIndex(quint64 index) {
+  const auto tracks = m_fileInfo ? m_fileInfo->audioTrackInformation.size() : 0;
+  if (index >= static_cast<quint64>(tracks)) return;
+  m_audioTrackIndex = index;
+  Q_EMIT changed();
+}
+
+}  // namespace decant

@@ -1,0 +1,269 @@
+#include "Settings.h"
+
+#include <QMutex>
+#include <QSet>
+#include <array>
+#include <cmath>
+
+#include "Format.h"
+#include "Logging.h"
+#include "Ostrak.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+namespace {
+
+using ostrak::makeString;
+using ostrak::tk;
+
+// The largest whole number that every number on the way, floating point ones too, holds exactly.
+constexpr qint64 noLimit = qint64{1} << 53;
+
+constexpr Setting flag(const char *key, qint64 fallback) {
+  return {key, SettingKind::Boolean, fallback, 0, 1, true};
+}
+constexpr Setting onlyRead(const char *key) {
+  return {key, SettingKind::Boolean, 0, 0, 1, false};
+}
+constexpr Setting choice(const char *key, qint64 fallback, qint64 maximum) {
+  return {key, SettingKind::Integer, fallback, 0, maximum, true};
+}
+// A choice whose entry 1 is not there any more, or never was.
+constexpr Setting choiceWithout1(const char *key, qint64 fallback, qint64 maximum) {
+  return {key, SettingKind::Integer, fallback, 0, maximum, true, false, 1};
+}
+constexpr Setting repairing(const char *key, qint64 maximum) {
+  return {key, SettingKind::Integer, 0, 0, maximum, true, true};
+}
+constexpr Setting list(const char *key) {
+  return {key, SettingKind::List, 0, 0, 0, true};
+}
+
+constexpr std::array<Setting, 35> table{{
+    repairing("ConversionPreset", 2),
+    flag("IncludeSurroundTrack", 0),
+    flag("IncludeSurroundTrackTranscoded", 1),
+    flag("WelcomeShown", 1),
+    choice("DefaultExtension", 1, 1),
+    choice("AACBitrate", 1, 3),
+    choice("AC3StereoBitrate", 1, 3),
+    choice("AC3SurroundBitrate", 1, 3),
+    {"AudioVolume", SettingKind::Number, 100, 0, 1000, true},
+    flag("AutoAdd", 0),
+    flag("AutoClean", 0),
+    flag("AutoRemove", 0),
+    choice("AutoRemoveType", 0, 1),
+    choice("Conversions", 0, noLimit),
+    flag("HasUpgradedFromPre13", 0),
+    choiceWithout1("ExternalSubtitleEncoding", 0, 38),
+    choiceWithout1("DefaultAudio", 0, 8),
+    repairing("DefaultDestination", noLimit),
+    flag("FixSubtitleDuration", 1),
+    list("DestinationBookmarks"),
+    list("DestinationNames"),
+    flag("DisableBuiltinSubtitles", 1),
+    flag("QuitAfterConversion", 0),
+    flag("DTSDownmix", 0),
+    flag("AC3Downmix", 0),
+    choice("CustomAC3Handling", 3, 3),
+    choice("CustomAC351Handling", 3, 3),
+    choice("CustomDTSHandling", 1, 3),
+    choice("CustomDTS51Handling", 2, 3),
+    choice("CustomVorbisHandling", 1, 3),
+    choice("CustomMP3Handling", 1, 3),
+    choice("CustomUnknownHandling", 1, 1),
+    onlyRead("HEAACConvert"),
+    onlyRead("ProduceStreamableFiles"),
+    onlyRead("InsertJobsAtBottom"),
+}};
+
+// The keys as texts, made once: a decision reads some twenty settings.
+const QString &keyOf(const Setting &setting) {
+  static const std::array<QString, table.size()> keys = [] {
+    std::array<QString, table.size()> made;
+    for (size_t i = 0; i < table.size(); ++i)
+      made.at(i) = QString::fromLatin1(table.at(i).key);
+    return made;
+  }();
+  return keys.at(static_cast<size_t>(&setting - table.data()));
+}
+
+const Setting &rowOf(const char *key) {
+  const QLatin1StringView wanted(key);
+  for (const Setting &setting : table) {
+    if (QLatin1StringView(setting.key) == wanted) return setting;
+  }
+  qFatal("there is no setting named %s", key);
+}
+
+std::optional<double> numberOfText(const QString &text) {
+  bool isNumber = false;
+  const double number = text.toDouble(&isNumber);
+  if (!isNumber || !std::isfinite(number)) return {};
+  return number;
+}
+
+// A settings file holds texts, among them the words for a boolean.
+std::optional<double> numberOf(const QVariant &value) {
+  if (value.typeId() == QMetaType::Bool) return value.toBool() ? 1 : 0;
+  const QString text = value.toString();
+  if (text == "true"_L1) return 1;
+  if (text == "false"_L1) return 0;
+  return numberOfText(text);
+}
+
+bool isAllowed(const Setting &setting, double number) {
+  if (setting.kind == SettingKind::List) return false;
+  if (setting.kind != SettingKind::Number && number != std::floor(number)) return false;
+  if (setting.retired >= 0 && number == static_cast<double>(setting.retired)) return false;
+  return number >= static_cast<double>(setting.minimum) &&
+         number <= static_cast<double>(setting.maximum);
+}
+
+QString complaint(const Setting &setting, const QVariant &stored) {
+  return makeString(
+      u"The stored value \"%@\" of \"%@\" is out of range (allowed: %@); %lli is used."_s,
+      stored.toString(), keyOf(setting), allowedValues(setting), setting.fallback);
+}
+
+void complainOnce(const Setting &setting, const QVariant &stored) {
+  static QMutex mutex;
+  static QSet<QString> told;
+  {
+    const QMutexLocker lock(&mutex);
+    if (told.contains(keyOf(setting))) return;
+    told.insert(keyOf(setting));
+  }
+  ostrak::tk_log_level(4, u"Warning: %@"_s, complaint(setting, stored));
+}
+
+// A value that is no number cannot follow a rule of its own either.
+bool isUsable(const Setting &setting, const std::optional<double> &number) {
+  if (!number) return false;
+  if (!setting.repairs) return isAllowed(setting, *number);
+  return *number == std::floor(*number) && std::abs(*number) <= static_cast<double>(noLimit);
+}
+
+double readNumber(const char *key) {
+  const Setting &setting = rowOf(key);
+  const QVariant value = tk->userDefaults().value(keyOf(setting));
+  const auto fallback = static_cast<double>(setting.fallback);
+  if (!value.isValid()) return fallback;
+  const std::optional<double> number = numberOf(value);
+  if (isUsable(setting, number)) return *number;
+  complainOnce(setting, value);
+  return fallback;
+}
+
+int choiceOf(const char *key) {
+  return static_cast<int>(settingInt(key));
+}
+
+}  // namespace
+
+std::span<const Setting> settingsTable() {
+  return table;
+}
+
+const Setting *findSetting(const QString &key) {
+  for (const Setting &setting : table) {
+    if (key == QLatin1StringView(setting.key)) return &setting;
+  }
+  return nullptr;
+}
+
+QString allowedValues(const Setting &setting) {
+  if (setting.kind == SettingKind::Boolean) return u"0 or 1"_s;
+  if (setting.kind == SettingKind::List) return u"nothing that can be set as text"_s;
+  if (setting.maximum == noLimit) return makeString(u"a whole number from %lli"_s, setting.minimum);
+  if (setting.kind == SettingKind::Number)
+    return makeString(u"a number from %lli to %lli"_s, setting.minimum, setting.maximum);
+  if (setting.retired > setting.minimum)
+    return makeString(u"%lli or %lli to %lli"_s, setting.minimum, setting.retired + 1,
+                      setting.maximum);
+  if (setting.maximum == setting.minimum + 1)
+    return makeString(u"%lli or %lli"_s, setting.minimum, setting.maximum);
+  return makeString(u"%lli to %lli"_s, setting.minimum, setting.maximum);
+}
+
+QString refusalOfValue(const Setting &setting, const QString &text) {
+  bool isWhole = false;
+  text.toLongLong(&isWhole);
+  const std::optional<double> number = numberOfText(text);
+  if (number && (isWhole || setting.kind == SettingKind::Number) && isAllowed(setting, *number))
+    return {};
+  return makeString(u"\"%@\" is not a value of \"%@\" (allowed: %@)"_s, text,
+                    QString::fromLatin1(setting.key), allowedValues(setting));
+}
+
+QVariant valueFromText(const Setting &setting, const QString &text) {
+  bool isWhole = false;
+  const qint64 whole = text.toLongLong(&isWhole);
+  if (isWhole) return whole;
+  return setting.kind == SettingKind::Number ? QVariant(text.toDouble()) : QVariant();
+}
+
+void registerSettings() {
+  QVariantMap defaults;
+  for (const Setting &setting : table) {
+    if (!setting.registered) continue;
+    defaults.insert(keyOf(setting), setting.kind == SettingKind::List ? QVariant(QVariantList())
+                                                                      : QVariant(setting.fallback));
+  }
+  tk->userDefaults().registerDefaults(defaults);
+}
+
+qint64 settingInt(const char *key) {
+  return static_cast<qint64>(readNumber(key));
+}
+bool settingBool(const char *key) {
+  return readNumber(key) != 0;
+}
+float settingFloat(const char *key) {
+  return static_cast<float>(readNumber(key));
+}
+
+QStringList storedValueComplaints() {
+  QStringList complaints;
+  for (const Setting &setting : table) {
+    if (setting.kind == SettingKind::List) continue;
+    const QVariant stored = tk->userDefaults().storedValue(keyOf(setting));
+    if (stored.isValid() && !isUsable(setting, numberOf(stored)))
+      complaints.append(complaint(setting, stored));
+  }
+  return complaints;
+}
+
+ConversionSettings readConversionSettings() {
+  return {.ConversionPreset = choiceOf("ConversionPreset"),
+          .AC3Downmix = settingBool("AC3Downmix"),
+          .DTSDownmix = settingBool("DTSDownmix"),
+          .CustomAC3Handling = choiceOf("CustomAC3Handling"),
+          .CustomAC351Handling = choiceOf("CustomAC351Handling"),
+          .CustomDTSHandling = choiceOf("CustomDTSHandling"),
+          .CustomDTS51Handling = choiceOf("CustomDTS51Handling"),
+          .CustomMP3Handling = choiceOf("CustomMP3Handling"),
+          .CustomVorbisHandling = choiceOf("CustomVorbisHandling"),
+          .CustomUnknownHandling = choiceOf("CustomUnknownHandling"),
+          .AACBitrate = choiceOf("AACBitrate"),
+          .AC3StereoBitrate = choiceOf("AC3StereoBitrate"),
+          .AC3SurroundBitrate = choiceOf("AC3SurroundBitrate"),
+          .AudioVolume = settingFloat("AudioVolume"),
+          .IncludeSurroundTrack = settingBool("IncludeSurroundTrack"),
+          .IncludeSurroundTrackTranscoded = settingBool("IncludeSurroundTrackTranscoded"),
+          .DisableBuiltinSubtitles = settingBool("DisableBuiltinSubtitles"),
+          .ExternalSubtitleEncoding = choiceOf("ExternalSubtitleEncoding"),
+          .FixSubtitleDuration = settingBool("FixSubtitleDuration"),
+          .ProduceStreamableFiles = settingBool("ProduceStreamableFiles")};
+}
+
+CompletionSettings readCompletionSettings() {
+  return {.AutoClean = settingBool("AutoClean"),
+          .AutoRemove = settingBool("AutoRemove"),
+          .AutoRemoveType = choiceOf("AutoRemoveType"),
+          .QuitAfterConversion = settingBool("QuitAfterConversion")};
+}
+
+}  // namespace decant

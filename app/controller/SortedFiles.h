@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+namespace decant {
+
+// What arrives at intake, sorted: movies in the given order, subtitle files by their path without
+// extension; everything else.
+struct SortedFiles {
+  QStringList movies;
+  QMap<QString, QString> subtitles;  // path without extension → path, the last of one stem wins
+  QStringList others;
+};
+
+// Accepted movie extensions, lower case, in their documented order; subtitle extensions likewise.
+[[nodiscard]] const QStringList &movieFileTypes();
+[[nodiscard]] const QStringList &subtitleFileTypes();
+// Sorts paths by their extension, and ".sub" files by their first bytes: an MPEG program stream is
+// a picture subtitle and goes to `others`, as does one that is not a readable file.
+[[nodiscard]] SortedFiles sortFiles(const QStringList &paths);
+// The subtitle file for a movie: the exact stem first, then "stem.", then any that begins with the
+// stem, each by path. Null when there is none.
+[[nodiscard]] QString pairedSubtitle(const QString &moviePath,
+                                     const QMap<QString, QString> &subtitles);
+// A path without its extension; the dot of a hidden file does not begin one.
+[[nodiscard]] QString withoutExtension(const QString &path);
+// The extension, lower case; empty when there is none.
+[[nodiscard]] QString lowerExtension(const QString &path);
+
+}  // namespace decant

@@ -1,0 +1,156 @@
+#include "SourceDisposal.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QPointer>
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+
+#include "Alerts.h"
+#include "Descriptor.h"
+#include "Dispatch.h"
+#include "Format.h"
+#include "Logging.h"
+#include "Probe.h"
+#include "Text.h"
+#include "TrashCan.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+namespace {
+
+using ostrak::localized;
+using ostrak::makeString;
+
+QString systemError() {
+  return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+// Null when the file or folder is on the disk.
+QString whyNotSynced(const QString &path) {
+  const ostrak::Descriptor file(
+      ::open(ostrak::nativePath(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!file || ::fsync(file.get()) != 0)
+    return makeString(u"%@ could not be written to the disk: %@"_s, path, systemError());
+  return {};
+}
+
+QString folderOf(const QString &path) {
+  const qsizetype slash = path.lastIndexOf(u'/');
+  return slash > 0 ? path.left(slash) : QString(u"/"_s);
+}
+
+QString whyKeepFor(const QString &destination, const DisposalRequest &request,
+                   const DurationReader &duration) {
+  if (ostrak::isSameFile(request.source, destination))
+    return makeString(u"%@ is the source itself"_s, destination);
+  struct stat facts {};
+  if (::stat(ostrak::nativePath(destination).constData(), &facts) != 0 || !S_ISREG(facts.st_mode) ||
+      facts.st_size == 0)
+    return makeString(u"there is no output %@"_s, destination);
+  for (const QString &path : {destination, folderOf(destination)}) {
+    const QString notSynced = whyNotSynced(path);
+    if (!notSynced.isNull()) return notSynced;
+  }
+  const int seconds = duration(QUrl::fromLocalFile(destination));
+  if (seconds < 0) return makeString(u"%@ does not say how long it is"_s, destination);
+  if (!request.runtimeSeconds) return u"it is not known how long the source is"_s;
+  if (!isAsLong(request.runtimeSeconds, seconds))
+    return makeString(u"%@ has %i seconds, the source %i"_s, destination, seconds,
+                      *request.runtimeSeconds);
+  return {};
+}
+
+QString deleteFile(const QString &path) {
+  return ::unlink(ostrak::nativePath(path).constData()) == 0 ? QString() : systemError();
+}
+
+// Null when the source has gone. Worker.
+QString checkAndDispose(const DisposalRequest &request, TrashCan &trashCan) {
+  const QString whyKept = whyKeepSource(request);
+  if (!whyKept.isNull()) {
+    ostrak::tk_log_level(4, u"Warning: the source %@ stays: %@"_s, request.source, whyKept);
+    return whyKept;
+  }
+  const QString failure =
+      request.deleteOutright ? deleteFile(request.source) : trashCan.moveToTrash(request.source);
+  if (failure.isNull()) return {};
+  ostrak::tk_log_level(3, u"Error: the source %@ stays, it could not be disposed of: %@"_s,
+                       request.source, failure);
+  const QString text =
+      request.deleteOutright
+          ? localized(u"The converted file %@ could not be deleted: %@"_s)
+          : localized(u"The converted file %@ could not be moved to the Trash: %@"_s);
+  ostrak::Alert alert =
+      ostrak::apptitledAlert(makeString(text, request.source, failure), {localized(u"OK"_s)});
+  alert.subject = request.source;
+  ostrak::postAlert(alert);
+  return failure;
+}
+
+}  // namespace
+
+bool isAsLong(std::optional<int> source, int output) {
+  if (!source) return false;
+  constexpr double leastTolerance = 2;
+  const double tolerance = std::max(leastTolerance, *source * 0.02);
+  return std::abs(static_cast<double>(*source) - output) <= tolerance;
+}
+
+QString whyKeepSource(const DisposalRequest &request) {
+  return whyKeepSource(request, &durationOfFile);
+}
+
+QString whyKeepSource(const DisposalRequest &request, const DurationReader &duration) {
+  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(request.source);
+  if (!identity) return u"it is not there any more"_s;
+  if (request.identity && *request.identity != *identity)
+    return u"another file has taken its place"_s;
+  if (request.destinations.isEmpty()) return u"there is no output"_s;
+  for (const QString &destination : request.destinations) {
+    const QString whyKept = whyKeepFor(destination, request, duration);
+    if (!whyKept.isNull()) return whyKept;
+  }
+  return {};
+}
+
+SourceDisposal::SourceDisposal(TrashCan &trashCan, QObject *parent)
+    : QObject(parent), m_trashCan(trashCan), m_finished(std::make_shared<QSemaphore>()) {}
+
+SourceDisposal::~SourceDisposal() {
+  if (m_running) m_finished->acquire();
+}
+
+void SourceDisposal::dispose(const DisposalRequest &request) {
+  m_waiting.append(request);
+  if (!m_running) next();
+}
+
+void SourceDisposal::next() {
+  const DisposalRequest request = m_waiting.takeFirst();
+  m_running = true;
+  ostrak::dispatch_async_back([request, &trashCan = m_trashCan, finished = m_finished,
+                               disposal = QPointer<SourceDisposal>(this)] {
+    const QString whyKept = checkAndDispose(request, trashCan);
+    finished->release();
+    ostrak::dispatch_async_main([disposal, source = request.source, whyKept] {
+      if (disposal) disposal->done(source, whyKept);
+    });
+  });
+}
+
+void SourceDisposal::done(const QString &source, const QString &whyKept) {
+  m_finished->acquire();
+  m_running = false;
+  if (!m_waiting.isEmpty()) next();
+  Q_EMIT disposed(source, whyKept);
+  if (isIdle()) Q_EMIT idle();
+}
+
+}  // namespace decant
