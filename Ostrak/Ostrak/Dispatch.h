@@ -4,9 +4,9 @@
 
 namespace ostrak {
 
-// The program's only way of moving work between threads. "main" is the event loop of the application
-// object's thread; "back" is a pool of worker threads. Blocks run in the order in which they were
-// submitted to main. Work still waiting when the application object goes is dropped.
+// The program's only way of moving work between threads. "main" is the event loop of the
+// application object's thread; "back" is a pool of worker threads. Blocks run in the order in which
+// they were submitted to main. Work still waiting when the application object goes is dropped.
 
 using Block = std::function<void()>;
 

@@ -14,7 +14,8 @@ class FormatArgument {
  public:
   FormatArgument(const QString &text) : m_value(text) {}
   FormatArgument(QStringView text) : m_value(text.toString()) {}
-  FormatArgument(const QUrl &url) : m_value(url.isLocalFile() ? url.toLocalFile() : url.toString()) {}
+  FormatArgument(const QUrl &url)
+      : m_value(url.isLocalFile() ? url.toLocalFile() : url.toString()) {}
   template <std::signed_integral T>
   FormatArgument(T number) : m_value(static_cast<qint64>(number)) {}
   template <std::unsigned_integral T>

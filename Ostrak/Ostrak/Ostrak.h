@@ -13,21 +13,21 @@ class UrlOpener;
 
 namespace ostrak {
 
-// What the library learns once, as values, so that a test makes a whole program in a scratch folder.
-// All paths are absolute.
+// What the library learns once, as values, so that a test makes a whole program in a scratch
+// folder. All paths are absolute.
 struct OstrakSetup {
-  QString bundlePath;      // the folder that holds the executable and resources/
-  QJsonObject info;        // the bundle's information, resources/Info.json
-  QString prefsPath;       // the settings file
-  QString suppDir;         // the program's own data folder, $XDG_DATA_HOME/Decant
+  QString bundlePath;  // the folder that holds the executable and resources/
+  QJsonObject info;    // the bundle's information, resources/Info.json
+  QString prefsPath;   // the settings file
+  QString suppDir;     // the program's own data folder, $XDG_DATA_HOME/Decant
   QString deskDir;
   QString homeInsideSandbox;
   QString homeOutsideSandbox;
   QString tempDir;
   QStringList crashFolders;  // where core dumps are looked for
   UserDefaults::Persistence persistence = UserDefaults::Persistence::Stored;
-  UrlOpener *workspace = nullptr;          // not owned; null opens nothing
-  KeyboardModifiers *keyboard = nullptr;   // not owned; null means no key is held
+  UrlOpener *workspace = nullptr;         // not owned; null opens nothing
+  KeyboardModifiers *keyboard = nullptr;  // not owned; null means no key is held
   // Where messages go besides capture file and ring; empty means syslog.
   std::function<void(int level, const QString &message)> systemLog;
 
@@ -78,7 +78,8 @@ class Ostrak final {
   [[nodiscard]] QStringList appCrashLogs() const;
   // Composes a support request in the user's mail program.
   void sendSupportRequestMail(const QString &usersText);
-  // Opens one of the program's web or mail destinations.
+  // Opens one of the program's web or mail destinations. One that the bundle's information does not
+  // name opens nothing; a number that is none of these opens the empty address.
   enum UrlChoice {
     openSupportRequestMail = 1,
     openBetaSignupMail = 2,
@@ -90,6 +91,8 @@ class Ostrak final {
   void openURL(int choice);
 
  private:
+  [[nodiscard]] QString destination(int choice) const;
+
   OstrakSetup m_setup;
   UserDefaults m_userDefaults;
 };

@@ -5,20 +5,23 @@
 #include <QSet>
 #include <QString>
 #include <QVariant>
-#include <functional>
 #include <memory>
+#include <optional>
 
 namespace ostrak {
 
-// The settings store: one flat key space in three layers. A read takes the per-run override (command
-// line), else the stored value, else the registered default. Writes go to the stored layer at once
-// and reach the disk at most a second later, or at `synchronize`.
+// The settings store: one flat key space in three layers. A read takes the per-run override
+// (command line), else the stored value, else the registered default. Writes go to the stored layer
+// at once and reach the disk at most a second later, or at `synchronize`.
 //
-// Values are text, integers, floating point numbers, booleans, byte arrays, lists and maps of these;
-// they survive a restart with the type that is asked for, empty lists included.
+// Values are text, integers, floating point numbers, booleans, byte arrays, lists and maps of
+// these; they survive a restart with the type that is asked for, empty lists included.
 //
-// All members may be called from any thread. The mutex inside is a leaf: it is never held while
-// anything outside is called.
+// All members may be called from any thread. The mutex around the values is a leaf: it is never
+// held while anything outside is called. The timer that writes needs the event loop of the
+// application object's thread; without one, changes reach the disk at `synchronize` and at the end.
+// A file that cannot be written is no error: its changes stay in memory and are tried again with
+// the next.
 class UserDefaults final {
  public:
   enum class Persistence {
@@ -35,8 +38,9 @@ class UserDefaults final {
   UserDefaults &operator=(const UserDefaults &) = delete;
 
   [[nodiscard]] const QString &path() const { return m_path; }
-  // Where a broken settings file was moved to, null when there was none.
-  [[nodiscard]] QString keptAside() const { return m_keptAside; }
+  // Where the last broken settings file was moved to, null when there was none. One that was found
+  // while the store was made is left to its maker to tell; a later one is logged here.
+  [[nodiscard]] QString keptAside() const;
 
   // Adds fall-back values; never overwrites what is stored.
   void registerDefaults(const QVariantMap &defaults);
@@ -47,6 +51,7 @@ class UserDefaults final {
   [[nodiscard]] QVariant value(const QString &key) const;
   // The stored layer alone; invalid when absent.
   [[nodiscard]] QVariant storedValue(const QString &key) const;
+  // An invalid value removes the key.
   void setValue(const QString &key, const QVariant &value);
   void remove(const QString &key);
 
@@ -54,16 +59,27 @@ class UserDefaults final {
   void synchronize();
 
  private:
-  class Writer;
+  class Timer;
+  using Values = QHash<QString, QVariant>;
+
+  // The values of the file; nothing when it cannot be parsed.
+  [[nodiscard]] std::optional<Values> readFile() const;
+  void moveAside();
+  [[nodiscard]] QSet<QString> takeDirty(Values &changes);
+  void writeChanges(const QSet<QString> &dirty, const Values &changes);
+
   QString m_path;
-  QString m_keptAside;
   Persistence m_persistence;
+  // Held while the file is read and written, so that an older write never follows a newer one.
+  QMutex m_fileMutex;
   mutable QMutex m_mutex;
+  QString m_keptAside;
   QVariantMap m_registered;
   QVariantMap m_overrides;
-  QHash<QString, QVariant> m_stored;
+  Values m_stored;
   QSet<QString> m_dirty;
-  std::unique_ptr<Writer> m_writer;
+  bool m_scheduled = false;
+  std::unique_ptr<Timer> m_timer;
 };
 
 }  // namespace ostrak

@@ -1,0 +1,202 @@
+#include "Dispatch.h"
+
+#include <QCoreApplication>
+#include <QMutex>
+#include <QSemaphore>
+#include <QThread>
+#include <QThreadPool>
+#include <QTimer>
+#include <chrono>
+#include <exception>
+#include <limits>
+#include <memory>
+
+namespace ostrak {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
+using Moment = std::chrono::steady_clock::time_point;
+
+// Who is main before there is an application object: the thread that loaded the program.
+const Qt::HANDLE loadingThread = QThread::currentThreadId();
+
+thread_local bool onWorker = false;
+
+void closeQueues();
+
+// The object of the application's thread that main's blocks are posted to.
+class MainQueue final {
+ public:
+  // False when there is no application object to run the block.
+  bool post(Block block) {
+    const QMutexLocker locker(&m_mutex);
+    QObject *receiver = openReceiver();
+    if (!receiver) return false;
+    return QMetaObject::invokeMethod(receiver, std::move(block), Qt::QueuedConnection);
+  }
+
+  // Called by the application object on its way out.
+  void close() {
+    std::unique_ptr<QObject> receiver;
+    {
+      const QMutexLocker locker(&m_mutex);
+      m_closed = true;
+      receiver = std::move(m_receiver);
+    }
+  }
+
+ private:
+  QObject *openReceiver() {
+    QCoreApplication *application = QCoreApplication::instance();
+    if (!application) return nullptr;
+    // The main thread is not inside the application's destructor when it comes here: that one is
+    // new.
+    if (onMainThread()) m_closed = false;
+    if (m_closed) return nullptr;
+    if (!m_receiver) {
+      m_receiver = std::make_unique<QObject>();
+      m_receiver->moveToThread(application->thread());
+      qAddPostRoutine(closeQueues);
+    }
+    return m_receiver.get();
+  }
+
+  QMutex m_mutex;
+  std::unique_ptr<QObject> m_receiver;
+  bool m_closed = false;
+};
+
+// Neither is ever destroyed: a block that still runs when the process ends may come here.
+MainQueue &mainQueue() {
+  static auto *queue = new MainQueue;
+  return *queue;
+}
+
+QThreadPool &workers() {
+  static QThreadPool *pool = [] {
+    auto *made = new QThreadPool;
+    // Blocks wait for children, disks and each other: far more of them than processors.
+    constexpr int mostThreads = 256;
+    made->setMaxThreadCount(mostThreads);
+    return made;
+  }();
+  return *pool;
+}
+
+void closeQueues() {
+  // Running blocks get this long to notice the end; then the process ends under them.
+  constexpr milliseconds patience{2000};
+  workers().clear();
+  mainQueue().close();
+  workers().waitForDone(static_cast<int>(patience.count()));
+}
+
+// Tells its waiter when it goes, whether its block has run or was dropped.
+class Ticket final {
+ public:
+  explicit Ticket(std::shared_ptr<QSemaphore> done) : m_done(std::move(done)) {}
+  ~Ticket() { m_done->release(); }
+  Ticket(const Ticket &) = delete;
+  Ticket &operator=(const Ticket &) = delete;
+
+ private:
+  std::shared_ptr<QSemaphore> m_done;
+};
+
+// Submits `block` and waits until it has run or was dropped; what it throws is thrown here.
+void runAndWait(const Block &block, const std::function<void(Block)> &submit) {
+  const auto done = std::make_shared<QSemaphore>();
+  std::exception_ptr thrown;
+  submit([ticket = std::make_shared<Ticket>(done), &block, &thrown] {
+    try {
+      block();
+    } catch (...) {
+      thrown = std::current_exception();
+    }
+  });
+  done->acquire();
+  if (thrown) std::rethrow_exception(thrown);
+}
+
+Moment momentAfter(float seconds) {
+  constexpr double longest = 9.0e18;
+  const double wanted = static_cast<double>(seconds) * 1e9;
+  const auto delay = nanoseconds(static_cast<qint64>(wanted > 0 ? qMin(wanted, longest) : 0));
+  const auto now = std::chrono::steady_clock::now();
+  return delay > Moment::max() - now ? Moment::max() : now + delay;
+}
+
+// Timers count whole milliseconds and at most some weeks, so the moment is looked at again.
+void runAt(QObject *context, Moment due, const Block &block) {
+  constexpr milliseconds longestTimer = std::chrono::hours(24);
+  const auto left = due - std::chrono::steady_clock::now();
+  if (left <= nanoseconds(0)) {
+    block();
+    return;
+  }
+  const auto wait = std::min(
+      longestTimer, std::chrono::ceil<milliseconds>(std::min<nanoseconds>(left, longestTimer)));
+  QTimer::singleShot(wait, Qt::PreciseTimer, context,
+                     [context, due, block] { runAt(context, due, block); });
+}
+
+}  // namespace
+
+bool onMainThread() {
+  const QCoreApplication *application = QCoreApplication::instance();
+  return application ? QThread::currentThread() == application->thread()
+                     : QThread::currentThreadId() == loadingThread;
+}
+
+void dispatch_async_main(Block block) {
+  (void)mainQueue().post(std::move(block));
+}
+
+void dispatch_sync_main(const Block &block) {
+  if (onMainThread()) {
+    block();
+  } else {
+    runAndWait(block, dispatch_async_main);
+  }
+}
+
+void dispatch_after_main(Block block, float seconds) {
+  dispatch_async_main([due = momentAfter(seconds), block = std::move(block)] {
+    runAt(QCoreApplication::instance(), due, block);
+  });
+}
+
+void dispatch_async_back(Block block) {
+  // noexcept: what nobody catches ends the program where it was thrown, with the stack still there.
+  workers().start([block = std::move(block)]() noexcept {
+    onWorker = true;
+    block();
+  });
+}
+
+void dispatch_sync_back(const Block &block) {
+  // A worker does it itself, so that waiting workers never use up the pool.
+  if (onWorker) {
+    block();
+  } else {
+    runAndWait(block, dispatch_async_back);
+  }
+}
+
+void dispatch_after_back(Block block, float seconds) {
+  dispatch_after_main([block = std::move(block)] { dispatch_async_back(block); }, seconds);
+}
+
+bool dispatch_sync_back_timeout(Block block, float seconds) {
+  const auto done = std::make_shared<QSemaphore>();
+  const Moment due = momentAfter(seconds);
+  dispatch_async_back(
+      [ticket = std::make_shared<Ticket>(done), block = std::move(block)] { block(); });
+  const auto left = std::chrono::ceil<milliseconds>(due - std::chrono::steady_clock::now());
+  constexpr milliseconds::rep longest = std::numeric_limits<int>::max();
+  return !done->tryAcquire(1,
+                           static_cast<int>(qBound<milliseconds::rep>(0, left.count(), longest)));
+}
+
+}  // namespace ostrak

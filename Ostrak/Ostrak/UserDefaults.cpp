@@ -1,0 +1,197 @@
+#include "UserDefaults.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QThread>
+#include <QTimer>
+#include <chrono>
+
+#include "Logging.h"
+#include "StoredValue.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ostrak {
+
+// Writes a second after the first change since the last write. Lives in the application's thread.
+class UserDefaults::Timer final : public QObject {
+ public:
+  explicit Timer(UserDefaults &store) {
+    constexpr std::chrono::seconds interval{1};
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(interval);
+    connect(&m_timer, &QTimer::timeout, this, [&store] { store.synchronize(); });
+    if (const QCoreApplication *application = QCoreApplication::instance()) {
+      moveToThread(application->thread());
+    }
+  }
+
+  // From any thread.
+  void startSoon() {
+    QMetaObject::invokeMethod(
+        this, [this] { m_timer.start(); }, Qt::QueuedConnection);
+  }
+
+ private:
+  QTimer m_timer{this};
+};
+
+UserDefaults::UserDefaults(QString path, Persistence persistence)
+    : m_path(std::move(path)), m_persistence(persistence) {
+  std::optional<Values> values = readFile();
+  if (!values && m_persistence == Persistence::Stored) moveAside();
+  m_stored = std::move(values).value_or(Values());
+  if (m_persistence == Persistence::Stored) m_timer = std::make_unique<Timer>(*this);
+}
+
+UserDefaults::~UserDefaults() {
+  synchronize();
+}
+
+QString UserDefaults::keptAside() const {
+  const QMutexLocker locker(&m_mutex);
+  return m_keptAside;
+}
+
+void UserDefaults::registerDefaults(const QVariantMap &defaults) {
+  QVariantMap normalized = defaults;
+  for (QVariant &value : normalized)
+    value = normalizedForStore(value);
+  const QMutexLocker locker(&m_mutex);
+  m_registered.insert(normalized);
+}
+
+void UserDefaults::setOverride(const QString &key, const QVariant &value) {
+  const QVariant normalized = normalizedForStore(value);
+  const QMutexLocker locker(&m_mutex);
+  m_overrides.insert(key, normalized);
+}
+
+QVariant UserDefaults::value(const QString &key) const {
+  const QMutexLocker locker(&m_mutex);
+  if (const auto it = m_overrides.constFind(key); it != m_overrides.cend()) return *it;
+  if (const auto it = m_stored.constFind(key); it != m_stored.cend()) return *it;
+  return m_registered.value(key);
+}
+
+QVariant UserDefaults::storedValue(const QString &key) const {
+  const QMutexLocker locker(&m_mutex);
+  return m_stored.value(key);
+}
+
+void UserDefaults::setValue(const QString &key, const QVariant &value) {
+  if (key.isEmpty()) return;
+  const QVariant normalized = normalizedForStore(value);
+  bool schedule = false;
+  {
+    const QMutexLocker locker(&m_mutex);
+    if (normalized.isValid()) {
+      m_stored.insert(key, normalized);
+    } else {
+      m_stored.remove(key);
+    }
+    m_dirty.insert(key);
+    schedule = m_timer && !std::exchange(m_scheduled, true);
+  }
+  if (schedule) m_timer->startSoon();
+}
+
+void UserDefaults::remove(const QString &key) {
+  setValue(key, {});
+}
+
+void UserDefaults::synchronize() {
+  if (m_persistence == Persistence::InMemory) return;
+  bool wasBroken = false;
+  {
+    const QMutexLocker fileLocker(&m_fileMutex);
+    Values changes;
+    const QSet<QString> dirty = takeDirty(changes);
+    if (dirty.isEmpty()) return;
+    wasBroken = !readFile();
+    if (wasBroken) moveAside();
+    writeChanges(dirty, changes);
+  }
+  if (wasBroken) {
+    tk_log_level(3, u"Warning: the settings file could not be read and was kept as %@"_s,
+                 keptAside());
+  }
+}
+
+QSet<QString> UserDefaults::takeDirty(Values &changes) {
+  const QMutexLocker locker(&m_mutex);
+  m_scheduled = false;
+  for (const QString &key : std::as_const(m_dirty)) {
+    if (const auto it = m_stored.constFind(key); it != m_stored.cend()) changes.insert(key, *it);
+  }
+  return std::exchange(m_dirty, {});
+}
+
+void UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &changes) {
+  QDir().mkpath(QFileInfo(m_path).absolutePath());
+  QSettings file(m_path, QSettings::IniFormat);
+  for (const QString &key : dirty) {
+    if (const auto it = changes.constFind(key); it != changes.cend()) {
+      file.setValue(storeKey(key), encodedForStore(*it));
+    } else {
+      file.remove(storeKey(key));
+    }
+  }
+  file.sync();
+  if (file.status() != QSettings::NoError) {
+    const QMutexLocker locker(&m_mutex);
+    m_dirty.unite(dirty);
+    return;
+  }
+  const std::optional<Values> written = readFile();
+  if (!written) return;
+  const QMutexLocker locker(&m_mutex);
+  // What other processes wrote comes in; what changed here since stays as it is.
+  Values merged = *written;
+  for (const QString &key : std::as_const(m_dirty)) {
+    merged.remove(key);
+    if (const auto it = m_stored.constFind(key); it != m_stored.cend()) merged.insert(key, *it);
+  }
+  m_stored = std::move(merged);
+}
+
+std::optional<UserDefaults::Values> UserDefaults::readFile() const {
+  if (!QFileInfo::exists(m_path)) return Values();
+  const QSettings file(m_path, QSettings::IniFormat);
+  if (file.status() == QSettings::FormatError) return {};
+  Values values;
+  const QStringList keys = file.allKeys();
+  for (const QString &key : keys) {
+    const QVariant text = file.value(key);
+    QVariant value;
+    if (text.typeId() == QMetaType::QStringList) {
+      // Commas that were written by hand, without quotes.
+      QVariantList list;
+      const QStringList elements = text.toStringList();
+      for (const QString &element : elements)
+        list.append(decodedFromStore(element));
+      value = list;
+    } else {
+      value = decodedFromStore(text.toString());
+    }
+    if (value.isValid()) values.insert(keyFromStore(key), value);
+  }
+  return values;
+}
+
+void UserDefaults::moveAside() {
+  constexpr int mostTries = 10000;
+  for (int number = 1; number < mostTries; ++number) {
+    const QString aside = makeString(u"%@.broken-%i"_s, m_path, number);
+    if (QFileInfo::exists(aside) || QFileInfo(aside).isSymLink()) continue;
+    if (!QFile::rename(m_path, aside)) return;
+    const QMutexLocker locker(&m_mutex);
+    m_keptAside = aside;
+    return;
+  }
+}
+
+}  // namespace ostrak
