@@ -7,8 +7,8 @@
 
 namespace ostrak {
 
-// A modal alert as a value. The functions below build one and hand it to the installed presenter, so
-// that a window, a terminal and a test can each answer in their own way.
+// A modal alert as a value. The functions below build one and hand it to the installed presenter,
+// so that a window, a terminal and a test can each answer in their own way.
 struct Alert {
   enum class Control {
     None,
@@ -27,10 +27,10 @@ struct Alert {
   QString message;
   QStringList buttons;  // in order; empty means one "OK"
   Control control = Control::None;
-  QString checkboxTitle;  // of Suppression and Checkbox
-  QStringList items;      // of Popup and Matrix
-  QVariant value;         // the control's value, in and out
-  QString subject;        // path of the file that the alert is about; null when about none
+  QString checkboxTitle;       // of Suppression and Checkbox
+  QStringList items;           // of Popup and Matrix
+  QVariant value;              // the control's value, in and out
+  QString subject;             // path of the file that the alert is about; null when about none
   bool problemReport = false;  // its first button sends a problem report
 
   bool operator==(const Alert &) const = default;
@@ -49,15 +49,16 @@ class AlertPresenter {
   virtual int present(Alert &alert) = 0;
 };
 
-// Installs the presenter (not owned); null answers the first button of everything, silently.
+// Installs the presenter (not owned); null answers the first button of everything, silently, but
+// declines problem reports.
 void setAlertPresenter(AlertPresenter *presenter);
 
 // Modal, main thread only: shows `alert` at once and returns the button's code.
 int presentAlert(Alert &alert);
 
-// From any thread and from inside handlers: shows the alert once the main thread's running handler is
-// done, one after the other, and then calls `answered` with the button's code. An alert equal to one
-// that is still waiting is dropped. Never waits.
+// From any thread and from inside handlers: shows the alert once the main thread's running handler
+// is done, one after the other, and then calls `answered` with the button's code. An alert equal to
+// one that is still waiting is dropped, and so is its `answered`. Never waits.
 void postAlert(Alert alert, std::function<void(int code)> answered = {});
 
 // `title` and `message` with up to three buttons; a null title leaves a button out.
@@ -69,15 +70,16 @@ int alert_apptitled(const QString &message, const QString &defaultButton = {},
 // The value of alert_apptitled, for postAlert.
 [[nodiscard]] Alert apptitledAlert(const QString &message, const QStringList &buttons);
 
-// Alerts with one value. The value is written back whatever button was pressed.
+// Alerts with one value. The value is written back whatever button was pressed. The multi-line text
+// starts empty and the selections at their first item, whatever comes in.
 int alert_checkbox(const QString &message, const QStringList &buttons, const QString &checkboxTitle,
                    bool &state);
 int alert_colorwell(const QString &message, const QStringList &buttons, QString &color);
 int alert_inputtext(const QString &message, const QStringList &buttons, QString &text);
 int alert_input(const QString &message, const QStringList &buttons, QString &text);
 int alert_inputsecure(const QString &message, const QStringList &buttons, QString &text);
-int alert_selection_popup(const QString &message, const QStringList &buttons, const QStringList &items,
-                          int &selected);
+int alert_selection_popup(const QString &message, const QStringList &buttons,
+                          const QStringList &items, int &selected);
 int alert_selection_matrix(const QString &message, const QStringList &buttons,
                            const QStringList &items, int &selected);
 
@@ -86,9 +88,9 @@ int alert_selection_matrix(const QString &message, const QStringList &buttons,
 void alert_dontwarnagain_version(const QString &identifier, const QString &title,
                                  const QString &message, const QString &defaultButton,
                                  const QString &checkboxTitle, const QString &subject = {});
-void alert_dontwarnagain_ever(const QString &identifier, const QString &title, const QString &message,
-                              const QString &defaultButton, const QString &checkboxTitle,
-                              const QString &subject = {});
+void alert_dontwarnagain_ever(const QString &identifier, const QString &title,
+                              const QString &message, const QString &defaultButton,
+                              const QString &checkboxTitle, const QString &subject = {});
 // Whether the version-scoped alert of this identifier has been silenced.
 [[nodiscard]] bool isSilencedForVersion(const QString &identifier);
 
@@ -97,5 +99,7 @@ void alert_dontwarnagain_ever(const QString &identifier, const QString &title, c
 void alert_feedback(const QString &message, const QString &details, bool fatal);
 [[noreturn]] void alert_feedback_fatal(const QString &message, const QString &details);
 void alert_feedback_nonfatal(const QString &message, const QString &details);
+// The non-fatal report for handlers, which must not wait: shown by postAlert.
+void postFeedback(const QString &message, const QString &details);
 
 }  // namespace ostrak

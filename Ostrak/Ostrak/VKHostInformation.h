@@ -10,9 +10,11 @@ class VKHostInformation final {
   VKHostInformation() = delete;
   // The DMI product name; empty when it cannot be read.
   [[nodiscard]] static QString machineType();
-  // Whether the user's account is a listed member of the group "admin"; membership through the primary
-  // group alone does not count. False where there is no such group.
+  // Whether the user's account is a listed member of the group "admin"; membership through the
+  // primary group alone does not count. False where there is no such group.
   [[nodiscard]] static bool isUserAdmin();
+  // The name of the operating system with its version, and the kernel's version.
+  [[nodiscard]] static QString systemVersion();
 };
 
 [[nodiscard]] QString _machineType();
