@@ -26,8 +26,8 @@ class Exception : public std::exception {
   QByteArray m_what;
 };
 
-// An index beyond the end of a list: a report line without the piece that its grammar promises, or a
-// language choice that names no language. Its name is "RangeException".
+// An index beyond the end of a list: a report line without the piece that its grammar promises, or
+// a language choice that names no language. Its name is "RangeException".
 class RangeError final : public Exception {
  public:
   explicit RangeError(QString reason);
