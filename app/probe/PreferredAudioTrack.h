@@ -11,14 +11,18 @@ namespace decant {
 // identifier is looked up, anything else stays as it is.
 [[nodiscard]] QStringList preferredLanguages3Letter(const QStringList &identifiers);
 
-// The identifiers that the user chose, reduced from an environment: "de_DE.UTF-8" gives "de"; LANGUAGE
-// wins where set; "C" or none counts as "en".
-[[nodiscard]] QStringList preferredLanguageIdentifiers(const QString &LANGUAGE, const QString &LC_ALL,
-                                                       const QString &LC_MESSAGES, const QString &LANG);
+// The identifiers that the user chose, reduced from an environment: "de_DE.UTF-8" gives "de";
+// LANGUAGE wins where set; "C" or none counts as "en".
+[[nodiscard]] QStringList preferredLanguageIdentifiers(const QString &language,
+                                                       const QString &lcAll,
+                                                       const QString &lcMessages,
+                                                       const QString &lang);
 
-// Index of the track to preselect; nothing when there is none. `defaultAudio` is the setting of that
-// name: 0 takes `preferredLanguages`, 2 to 8 fixed languages. Throws ostrak::RangeError for others.
+// Index of the track to preselect; nothing when there is none. `defaultAudio` is the setting of
+// that name: 0 takes `preferredLanguages`, 2 to 8 fixed languages. Throws ostrak::RangeError for
+// others.
 [[nodiscard]] std::optional<int> bestAudioTrack(const QList<AudioTrackDescription> &tracks,
-                                                const QStringList &preferredLanguages, int defaultAudio);
+                                                const QStringList &preferredLanguages,
+                                                int defaultAudio);
 
 }  // namespace decant

@@ -10,8 +10,8 @@
 
 namespace decant {
 
-// An alert that the probe wants shown. Scheduled ones come 0.1 s after the probe, on the main thread;
-// the others at once.
+// An alert that the probe wants shown. Scheduled ones come 0.1 s after the probe, on the main
+// thread; the others at once.
 struct ProbeAlert {
   ostrak::Alert alert;
   bool scheduled = false;
@@ -27,7 +27,8 @@ struct ProbeSource {
 };
 
 struct ProbeSettings {
-  bool heAACConvert = false;  // "HEAACConvert": name HE-AAC tracks "he-aac", so that they are transcoded
+  bool heAACConvert =
+      false;  // "HEAACConvert": name HE-AAC tracks "he-aac", so that they are transcoded
 };
 
 // Without a record the file must not be queued, and the alerts tell why.
@@ -36,9 +37,12 @@ struct ProbeOutcome {
   QList<ProbeAlert> alerts;
 };
 
-// Reads what `ffmpeg -i FILE` prints. Pure; any thread. Throws ostrak::RangeError when a line breaks the
-// grammar that the tool promises.
+// Reads what `ffmpeg -i FILE` prints. Pure; any thread. Throws ostrak::RangeError when a line
+// breaks the grammar that the tool promises.
 [[nodiscard]] ProbeOutcome parseReport(const QString &report, const ProbeSource &source,
                                        const ProbeSettings &settings);
+
+// The running time in whole seconds, when the report has exactly one line with "Duration: ". Pure.
+[[nodiscard]] std::optional<int> durationInReport(const QString &report, const QUrl &source);
 
 }  // namespace decant

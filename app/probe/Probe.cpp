@@ -1,0 +1,161 @@
+#include "Probe.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+
+#include "ChildProcess.h"
+#include "Defaults.h"
+#include "Dispatch.h"
+#include "File.h"
+#include "Ostrak.h"
+#include "ProbeAlerts.h"
+
+namespace decant {
+
+using namespace Qt::StringLiterals;
+using ostrak::tk;
+
+namespace {
+
+constexpr float scheduledDelaySeconds = 0.1F;
+
+// Joined to the working folder; nothing is resolved or collapsed. A relative name could be read as
+// a protocol by the tool.
+QString absolutePath(const QUrl &source) {
+  const QString path = source.toLocalFile();
+  return path.startsWith(u'/') ? path : QString(QDir::currentPath() + u'/' + path);
+}
+
+QString toolPath() {
+  return tk->resDir() + u"/ffmpeg"_s;
+}
+
+bool toolCanRun() {
+  const QFileInfo tool(toolPath());
+  return tool.isFile() && tool.isExecutable() && tool.size() > 0;
+}
+
+// The tool would wait for ever on a FIFO, and says little that helps about the others.
+std::optional<FileRefusal> refusalOf(const QString &path) {
+  if (path.contains(QChar(u'\0'))) return FileRefusal::Missing;
+  const QByteArray name = QFile::encodeName(path);
+  struct stat status {};
+  if (::stat(name.constData(), &status) != 0) {
+    return errno == EACCES ? FileRefusal::Unreadable : FileRefusal::Missing;
+  }
+  if (S_ISDIR(status.st_mode)) return FileRefusal::Folder;
+  if (!S_ISREG(status.st_mode)) return FileRefusal::NotRegular;
+  const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return FileRefusal::Unreadable;
+  ::close(descriptor);
+  return {};
+}
+
+struct ToolRun {
+  bool started = false;
+  bool processRefused = false;
+  QString report;
+};
+
+ToolRun runTool(const QString &path) {
+  if (!toolCanRun()) return {};
+  const ostrak::ChildSetup setup{toolPath(), {u"-i"_s, path}, toolVariablesToRemove()};
+  QByteArray output;
+  const ostrak::ChildResult result = ostrak::runChild(setup, output);
+  const bool started = result.end != ostrak::ChildResult::End::FailedToStart;
+  // A tag can hold bytes that are no UTF-8: each becomes a replacement character.
+  return {started, result.processRefused, QString::fromUtf8(output)};
+}
+
+ProbeRun refused(const ProbeAlert &alert) {
+  ProbeRun run;
+  run.outcome.alerts = {alert};
+  return run;
+}
+
+void raiseNow(const ostrak::Alert &alert) {
+  if (alert.identifier.isNull()) {
+    ostrak::postAlert(alert);
+    return;
+  }
+  ostrak::alert_dontwarnagain_version(alert.identifier, alert.title, alert.message,
+                                      alert.buttons.value(0), alert.checkboxTitle, alert.subject);
+}
+
+}  // namespace
+
+QStringList toolVariablesToRemove() {
+  return {u"FFREPORT"_s, u"AV_LOG_FORCE_COLOR"_s};
+}
+
+ProbeRun probeFile(const QUrl &source, const ProbeSettings &settings) {
+  const QString path = absolutePath(source);
+  const QUrl url = source.toLocalFile().startsWith(u'/') ? source : QUrl::fromLocalFile(path);
+  ProbeSource known{url, 0, tk->appName()};
+  if (ostrak::fileIsAlias(url)) return refused(aliasAlert(known));
+  if (const auto refusal = refusalOf(path)) return refused(refusedFileAlert(known, *refusal));
+
+  const ToolRun tool = runTool(path);
+  if (!tool.started) {
+    ProbeRun run = refused(tool.processRefused ? processRefusedAlert(known)
+                                               : toolMissingAlert(known, toolPath()));
+    run.processRefused = tool.processRefused;
+    run.toolMissing = !tool.processRefused;
+    return run;
+  }
+  known.fileSize = ostrak::fileSize(path);
+  ProbeRun run;
+  run.outcome = parseReport(tool.report, known, settings);
+  return run;
+}
+
+void raiseAlerts(const QList<ProbeAlert> &alerts) {
+  for (const ProbeAlert &each : alerts) {
+    // Never inside the caller's own handler, which must not wait for people.
+    const auto raise = [alert = each.alert] { raiseNow(alert); };
+    if (each.scheduled) {
+      ostrak::dispatch_after_main(raise, scheduledDelaySeconds);
+    } else {
+      ostrak::dispatch_async_main(raise);
+    }
+  }
+}
+
+void quitProgram(int status) {
+  QCoreApplication::exit(status);
+}
+
+void raiseAlerts(const ProbeRun &run, const std::function<void(int status)> &exitProgram) {
+  if (!run.processRefused) {
+    raiseAlerts(run.outcome.alerts);
+    return;
+  }
+  for (const ProbeAlert &each : run.outcome.alerts) {
+    ostrak::postAlert(each.alert, [exitProgram](int) { exitProgram(0); });
+  }
+}
+
+std::optional<MKVFileInfo> initWithURL(const QUrl &source,
+                                       const std::function<void(int status)> &exitProgram) {
+  const ProbeSettings settings{ostrak::defaultInt(u"HEAACConvert"_s) != 0};
+  const ProbeRun run = probeFile(source, settings);
+  raiseAlerts(run, exitProgram);
+  return run.outcome.record;
+}
+
+qint32 durationOfFile(const QUrl &source) {
+  const QString path = absolutePath(source);
+  if (refusalOf(path)) return -1;
+  const ToolRun tool = runTool(path);
+  if (!tool.started) return -1;
+  return durationInReport(tool.report, QUrl::fromLocalFile(path)).value_or(-1);
+}
+
+}  // namespace decant
