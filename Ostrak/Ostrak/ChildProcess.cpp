@@ -1,16 +1,13 @@
 #include "ChildProcess.h"
 
-#include <sys/prctl.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QPointer>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <cerrno>
 #include <csignal>
 #include <optional>
 
+#include "ChildLaunch.h"
 #include "StopLadder.h"
 
 namespace ostrak {
@@ -18,20 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Runs in the child between fork and exec, so it only makes system calls.
-void prepareChild(pid_t parent) {
-  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  // The parent may have died before the line above.
-  if (::getppid() != parent) ::_exit(127);
-  // A child that inherits a blocked SIGTERM would never hear the ladder.
-  sigset_t none;
-  sigemptyset(&none);
-  ::sigprocmask(SIG_SETMASK, &none, nullptr);
-  ::signal(SIGTERM, SIG_DFL);
-  // Descriptors that somebody opened without O_CLOEXEC, or that the program itself was given.
-  ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
-}
-
+// QProcess gives the reason as a text only, at the end of its own.
 bool isRefusal(const QString &error) {
   return error.endsWith(qt_error_string(EAGAIN)) || error.endsWith(qt_error_string(ENOMEM));
 }
@@ -68,6 +52,10 @@ struct ChildProcess::Private {
 
   void finish(int code, QProcess::ExitStatus how) {
     ladder.leave();
+    if (const std::optional<int> error = launch->failure()) {
+      fail(qt_error_string(*error));
+      return;
+    }
     if (!readOutput()) return;
     const bool byItself = how == QProcess::NormalExit;
     if (byItself) {
@@ -91,6 +79,7 @@ struct ChildProcess::Private {
   }
 
   ChildProcess &owner;
+  std::optional<ChildLaunch> launch;
   QProcess process;
   StopLadder ladder;
   State state = State::Idle;
@@ -99,7 +88,9 @@ struct ChildProcess::Private {
 
 ChildProcess::ChildProcess(StopDelays delays, QObject *parent)
     : QObject(parent), d(std::make_unique<Private>(*this, delays)) {
-  connect(&d->process, &QProcess::started, this, &ChildProcess::started);
+  connect(&d->process, &QProcess::started, this, [this] {
+    if (!d->launch->failure()) Q_EMIT started();
+  });
   connect(&d->process, &QProcess::readyReadStandardOutput, this,
           [this] { std::ignore = d->readOutput(); });
   connect(&d->process, &QProcess::finished, this,
@@ -131,14 +122,13 @@ void ChildProcess::start(const ChildSetup &setup) {
   } else {
     d->process.setStandardInputFile(QProcess::nullDevice());
   }
-  if (!setup.removedEnvironment.isEmpty()) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : setup.removedEnvironment)
-      environment.remove(name);
-    d->process.setProcessEnvironment(environment);
+  d->launch.emplace(setup);
+  if (!d->launch->isReady()) {
+    d->fail(qt_error_string(EMFILE));
+    return;
   }
-  d->process.setChildProcessModifier([parent = ::getpid()] { prepareChild(parent); });
-  d->process.start(setup.executable, setup.arguments, QIODevice::ReadOnly);
+  d->process.setChildProcessModifier([launch = &*d->launch] { launch->becomeTool(); });
+  d->process.start(setup.executable, {}, QIODevice::ReadOnly);
 }
 
 bool ChildProcess::isRunning() const {

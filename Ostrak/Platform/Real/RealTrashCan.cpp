@@ -39,8 +39,8 @@ std::optional<struct stat> statusOf(const QString &path) {
 bool makeFolder(const QString &path) {
   if (::mkdir(nativePath(path).constData(), 0700) == 0) return true;
   if (errno != EEXIST) return false;
-  const auto info = statusOf(path);
-  if (info && S_ISDIR(info->st_mode)) return true;
+  struct stat info;
+  if (::stat(nativePath(path).constData(), &info) == 0 && S_ISDIR(info.st_mode)) return true;
   errno = ENOTDIR;
   return false;
 }
@@ -126,7 +126,15 @@ int moveFile(const QByteArray &from, const QByteArray &to) {
   return ::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
 }
 
+// In a place that others can write to, somebody may have laid a link or a folder of their own.
+bool isForeign(const Trash &trash) {
+  if (trash.topFolder.isEmpty()) return false;
+  const auto info = statusOf(trash.folder);
+  return info && (!S_ISDIR(info->st_mode) || info->st_uid != ::geteuid());
+}
+
 int moveInto(const Trash &trash, const QString &path) {
+  if (isForeign(trash)) return EPERM;
   const QString files = trash.folder + u"/files/"_s;
   const QString infos = trash.folder + u"/info/"_s;
   if (!makeFolder(trash.folder) || !makeFolder(files.chopped(1)) || !makeFolder(infos.chopped(1))) {
