@@ -1,0 +1,83 @@
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "File.h"
+
+using namespace Qt::StringLiterals;
+
+class TestUniqueFile final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init();
+  void uniqueFile_data();
+  void uniqueFile();
+  void uniqueFileHeedsClaims();
+  void uniqueFileOfALocation();
+
+ private:
+  [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
+  void write(const QString &name) const {
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+  }
+  std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestUniqueFile::init() {
+  QTest::failOnWarning(QRegularExpression(u".*"_s));
+  m_folder = std::make_unique<QTemporaryDir>();
+}
+
+void TestUniqueFile::uniqueFile_data() {
+  QTest::addColumn<QStringList>("present");
+  QTest::addColumn<QString>("wanted");
+  QTest::addColumn<QString>("unique");
+  QTest::newRow("free") << QStringList() << u"a.mp4"_s << u"a.mp4"_s;
+  QTest::newRow("taken") << QStringList{u"a.mp4"_s} << u"a.mp4"_s << u"a-0.mp4"_s;
+  QTest::newRow("taken twice") << QStringList{u"a.mp4"_s, u"a-0.mp4"_s} << u"a.mp4"_s
+                               << u"a-1.mp4"_s;
+  QTest::newRow("gap") << QStringList{u"a.mp4"_s, u"a-1.mp4"_s} << u"a.mp4"_s << u"a-0.mp4"_s;
+  QTest::newRow("no extension") << QStringList{u"a"_s} << u"a"_s << u"a-0."_s;
+  QTest::newRow("two dots") << QStringList{u"a.b.mp4"_s} << u"a.b.mp4"_s << u"a.b-0.mp4"_s;
+  QTest::newRow("hidden") << QStringList{u".a"_s} << u".a"_s << u".a-0."_s;
+  QTest::newRow("dot of the folder") << QStringList{u"d.d/a"_s} << u"d.d/a"_s << u"d.d/a-0."_s;
+  QTest::newRow("a folder") << QStringList{u"a.mp4/"_s} << u"a.mp4"_s << u"a-0.mp4"_s;
+  QTest::newRow("dangling link") << QStringList{u"@a.mp4"_s} << u"a.mp4"_s << u"a-0.mp4"_s;
+  QTest::newRow("percent signs") << QStringList{u"%n%@.mp4"_s} << u"%n%@.mp4"_s << u"%n%@-0.mp4"_s;
+}
+
+void TestUniqueFile::uniqueFile() {
+  QFETCH(QStringList, present);
+  QFETCH(QString, wanted);
+  QFETCH(QString, unique);
+  QVERIFY(QDir().mkpath(path(u"d.d"_s)));
+  for (const QString &name : present) {
+    if (name.startsWith(u'@')) {
+      QVERIFY(QFile::link(u"nowhere"_s, path(name.mid(1))));
+    } else if (name.endsWith(u'/')) {
+      QVERIFY(QDir().mkpath(path(name)));
+    } else {
+      write(name);
+    }
+  }
+  QCOMPARE(ostrak::uniqueFile(path(wanted)), path(unique));
+  QCOMPARE(ostrak::uniqueFile(QUrl::fromLocalFile(path(wanted))),
+           QUrl::fromLocalFile(path(unique)));
+}
+
+void TestUniqueFile::uniqueFileHeedsClaims() {
+  write(u"a-0.mp4"_s);
+  const QStringList claimed{path(u"a.mp4"_s), path(u"a-1.mp4"_s)};
+  const auto isClaimed = [&claimed](const QString &name) { return claimed.contains(name); };
+  QCOMPARE(ostrak::uniqueFile(path(u"a.mp4"_s), isClaimed), path(u"a-2.mp4"_s));
+  QCOMPARE(ostrak::uniqueFile(path(u"b.mp4"_s), isClaimed), path(u"b.mp4"_s));
+}
+
+void TestUniqueFile::uniqueFileOfALocation() {
+  QCOMPARE(ostrak::uniqueFile(QUrl(u"https://example.org/a.mp4"_s)), QUrl());
+}
+
+QTEST_GUILESS_MAIN(TestUniqueFile)
+#include "tst_uniquefile.moc"
