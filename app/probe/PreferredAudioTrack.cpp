@@ -1,6 +1,7 @@
 #include "PreferredAudioTrack.h"
 
 #include <array>
+#include <iterator>
 
 #include "Exceptions.h"
 #include "Format.h"
@@ -15,12 +16,12 @@ namespace {
 // What the values 2 to 8 of "DefaultAudio" stand for.
 constexpr std::array<QStringView, 7> fixedLanguages = {u"eng", u"ger", u"fre", u"spa",
                                                        u"chi", u"jpn", u"rus"};
-constexpr int firstFixedLanguage = 2;
+constexpr qint64 firstFixedLanguage = 2;
 
 QStringList languagesOfChoice(const QStringList &preferredLanguages, int defaultAudio) {
   if (defaultAudio == 0) return preferredLanguages;
-  const int index = defaultAudio - firstFixedLanguage;
-  if (index < 0 || index >= static_cast<int>(fixedLanguages.size())) {
+  const qint64 index = qint64{defaultAudio} - firstFixedLanguage;
+  if (index < 0 || index >= std::ssize(fixedLanguages)) {
     throw ostrak::RangeError(
         ostrak::makeString(u"the language choice %i names no language"_s, defaultAudio));
   }
