@@ -109,10 +109,17 @@ void UserDefaults::synchronize() {
   {
     const QMutexLocker fileLocker(&m_fileMutex);
     Values changes;
-    const QSet<QString> dirty = takeDirty(changes);
+    QSet<QString> dirty = takeDirty(changes);
     if (dirty.isEmpty()) return;
     wasBroken = !readFile();
-    if (wasBroken) moveAside();
+    if (wasBroken) {
+      // The new file gets all that is known here.
+      moveAside();
+      const QMutexLocker locker(&m_mutex);
+      changes = m_stored;
+      for (auto it = m_stored.cbegin(); it != m_stored.cend(); ++it)
+        dirty.insert(it.key());
+    }
     writeChanges(dirty, changes);
   }
   if (wasBroken) {
@@ -188,6 +195,8 @@ void UserDefaults::moveAside() {
     const QString aside = makeString(u"%@.broken-%i"_s, m_path, number);
     if (QFileInfo::exists(aside) || QFileInfo(aside).isSymLink()) continue;
     if (!QFile::rename(m_path, aside)) return;
+    // Looking at the missing file makes the backend forget what it keeps of the broken one.
+    (void)QSettings(m_path, QSettings::IniFormat).allKeys();
     const QMutexLocker locker(&m_mutex);
     m_keptAside = aside;
     return;

@@ -1,0 +1,109 @@
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include "Logging.h"
+#include "ScratchProgram.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::UserDefaults;
+using Persistence = UserDefaults::Persistence;
+
+// A settings file that cannot be parsed is kept, told once, and never rewritten.
+class TestUserDefaultsBroken final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init();
+  void isKeptAside();
+  void takesTheFirstFreeNumber();
+  void isLeftAloneInMemory();
+  void isToldOnceByTheLibrary();
+  void isKeptAsideWhileTheProgramRuns();
+
+ private:
+  void breakFile(const QByteArray &text = garbage()) const;
+  [[nodiscard]] QByteArray read(const QString &path) const;
+  [[nodiscard]] static QByteArray garbage() { return "[General\nthis is no settings file\n"; }
+
+  std::unique_ptr<ScratchProgram> m_program;
+  QString m_path;
+};
+
+void TestUserDefaultsBroken::init() {
+  QTest::failOnWarning(QRegularExpression(u".?"_s));
+  m_program = std::make_unique<ScratchProgram>();
+  m_path = m_program->path(u"config/x.conf"_s);
+}
+
+void TestUserDefaultsBroken::breakFile(const QByteArray &text) const {
+  QFile file(m_path);
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  file.write(text);
+}
+
+QByteArray TestUserDefaultsBroken::read(const QString &path) const {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void TestUserDefaultsBroken::isKeptAside() {
+  breakFile();
+  UserDefaults store(m_path, Persistence::Stored);
+  QCOMPARE(store.keptAside(), QString(m_path + u".broken-1"_s));
+  QCOMPARE(read(store.keptAside()), garbage());
+  QVERIFY(!QFile::exists(m_path));
+  store.setValue(u"key"_s, 1);
+  store.synchronize();
+  QCOMPARE(read(store.keptAside()), garbage());
+  QCOMPARE(read(m_path), "[General]\nkey=1\n");
+}
+
+void TestUserDefaultsBroken::takesTheFirstFreeNumber() {
+  for (int number = 1; number <= 3; ++number) {
+    breakFile(garbage() + QByteArray::number(number));
+    const UserDefaults store(m_path, Persistence::Stored);
+    QCOMPARE(store.keptAside(), QString(m_path + u".broken-%1"_s.arg(number)));
+    QVERIFY(read(store.keptAside()).endsWith(QByteArray::number(number)));
+  }
+}
+
+void TestUserDefaultsBroken::isLeftAloneInMemory() {
+  breakFile();
+  {
+    UserDefaults store(m_path, Persistence::InMemory);
+    QVERIFY(store.keptAside().isNull());
+    QVERIFY(!store.value(u"key"_s).isValid());
+    store.setValue(u"key"_s, 1);
+  }
+  QCOMPARE(read(m_path), garbage());
+}
+
+void TestUserDefaultsBroken::isToldOnceByTheLibrary() {
+  m_path = m_program->library().prefsPath();
+  breakFile();
+  m_program->restart();
+  const QString aside = m_program->library().userDefaults().keptAside();
+  const QString told = u"Warning: the settings file could not be read and was kept as "_s + aside;
+  QCOMPARE(aside, QString(m_path + u".broken-1"_s));
+  QCOMPARE(m_program->logged(), QStringList{told});
+  m_program->restart();
+  QVERIFY(m_program->library().userDefaults().keptAside().isNull());
+  QCOMPARE(m_program->logged(), QStringList{told});
+}
+
+void TestUserDefaultsBroken::isKeptAsideWhileTheProgramRuns() {
+  UserDefaults store(m_path, Persistence::Stored);
+  store.setValue(u"first"_s, 1);
+  store.synchronize();
+  breakFile();
+  store.setValue(u"second"_s, 2);
+  store.synchronize();
+  QCOMPARE(read(store.keptAside()), garbage());
+  QVERIFY(read(m_path).contains("second=2"));
+  QCOMPARE(store.value(u"first"_s), QVariant(qint64{1}));
+  QCOMPARE(m_program->logged().size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestUserDefaultsBroken)
+#include "tst_userdefaults_broken.moc"
