@@ -178,6 +178,7 @@ void AppDelegate::applicationWillTerminate() {
   m_terminated = true;
   tk->userDefaults().synchronize();
   m_queue.removeAll();
+  ConversionJob::finishStopping();
 }
 
 void AppDelegate::pauseContinueClicked(bool sender) {
@@ -242,6 +243,10 @@ QUrl AppDelegate::claimUniqueDestination(const QUrl &wanted) {
   const QString unique = m_claimed.uniqueName(path);
   m_claimed.move(path, unique);
   return QUrl::fromLocalFile(unique);
+}
+
+bool AppDelegate::isSource(const QString &path) const {
+  return m_claimed.isSource(path);
 }
 
 void AppDelegate::disposeOfSource(const ConversionJob &job, bool deleteOutright) {

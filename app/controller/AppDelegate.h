@@ -83,6 +83,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   [[nodiscard]] ConversionSettings conversionSettings() const override;
   [[nodiscard]] CompletionSettings completionSettings() const override;
   [[nodiscard]] QUrl claimUniqueDestination(const QUrl &wanted) override;
+  [[nodiscard]] bool isSource(const QString &path) const override;
   void disposeOfSource(const ConversionJob &job, bool deleteOutright) override;
   void jobStateChanged(ConversionJob &job, JobState before) override;
 

@@ -71,6 +71,18 @@ QString deleteFile(const QString &path) {
   return ::unlink(ostrak::nativePath(path).constData()) == 0 ? QString() : systemError();
 }
 
+// Tells that a block will not run (any more), even when the end of the program has dropped it.
+class Ticket final {
+ public:
+  explicit Ticket(std::shared_ptr<QSemaphore> finished) : m_finished(std::move(finished)) {}
+  ~Ticket() { m_finished->release(); }
+  Ticket(const Ticket &) = delete;
+  Ticket &operator=(const Ticket &) = delete;
+
+ private:
+  std::shared_ptr<QSemaphore> m_finished;
+};
+
 // Null when the source has gone. Worker.
 QString checkAndDispose(const DisposalRequest &request, TrashCan &trashCan) {
   const QString whyKept = whyKeepSource(request);
@@ -135,10 +147,10 @@ void SourceDisposal::dispose(const DisposalRequest &request) {
 void SourceDisposal::next() {
   const DisposalRequest request = m_waiting.takeFirst();
   m_running = true;
-  ostrak::dispatch_async_back([request, &trashCan = m_trashCan, finished = m_finished,
+  ostrak::dispatch_async_back([request, &trashCan = m_trashCan,
+                               ticket = std::make_shared<Ticket>(m_finished),
                                disposal = QPointer<SourceDisposal>(this)] {
     const QString whyKept = checkAndDispose(request, trashCan);
-    finished->release();
     ostrak::dispatch_async_main([disposal, source = request.source, whyKept] {
       if (disposal) disposal->done(source, whyKept);
     });

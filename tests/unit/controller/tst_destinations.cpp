@@ -1,0 +1,216 @@
+#include <unistd.h>
+
+#include <QtTest>
+
+#include "Defaults.h"
+#include "Destinations.h"
+#include "ScratchProgram.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+class TestDestinations final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    registerSettings();
+  }
+  void cleanup() { m_program.reset(); }
+
+  void extensionFollowsTheSetting();
+  void names_data();
+  void names();
+  void lastFolderThatIsAPrefixWins();
+  void nextToSourceNeedsAnOpenedFolder();
+  void folderTakesTheOutputName();
+  void resolvedNamesAreUnique();
+  void claimedNamesAreNotFree();
+  void claimIsTheSameByEveryPath();
+  void sourceIsKnownByEveryName();
+  void renamedSourceStaysASource();
+  void replacedSourceStaysASourceByName();
+  void sourceOfSeveralJobsIsCounted();
+  void claimMovesWithItsSource();
+  void releaseOfAnUnknownNameChangesNothing();
+
+ private:
+  [[nodiscard]] QString file(const QString &name) const {
+    QFile made(m_program->path(name));
+    if (!made.open(QIODevice::WriteOnly)) return {};
+    return made.fileName();
+  }
+  [[nodiscard]] MKVFileInfo record(const QString &path) const {
+    MKVFileInfo info;
+    info.fileURL = QUrl::fromLocalFile(path);
+    info.fileName = QFileInfo(path).fileName();
+    return info;
+  }
+  std::unique_ptr<ScratchProgram> m_program;
+};
+
+void TestDestinations::extensionFollowsTheSetting() {
+  QCOMPARE(outputExtension(), u"m4v"_s);
+  ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
+  QCOMPARE(outputExtension(), u"mp4"_s);
+}
+
+void TestDestinations::names_data() {
+  QTest::addColumn<QString>("source");
+  QTest::addColumn<QString>("name");
+  QTest::addColumn<QString>("path");
+  QTest::newRow("plain") << u"/f/Film.mkv"_s << u"Film.m4v"_s << u"/f/Film.m4v"_s;
+  QTest::newRow("dots") << u"/f/Film.2.mkv"_s << u"Film.2.m4v"_s << u"/f/Film.2.m4v"_s;
+  QTest::newRow("percent") << u"/f/100%25.mkv"_s << u"100%25.m4v"_s << u"/f/100%25.m4v"_s;
+  QTest::newRow("hash") << u"/f/a#b?.mkv"_s << u"a#b?.m4v"_s << u"/f/a#b?.m4v"_s;
+  QTest::newRow("line break") << u"/f/a\nb.mkv"_s << u"a\nb.m4v"_s << u"/f/a\nb.m4v"_s;
+}
+
+void TestDestinations::names() {
+  QFETCH(const QString, source);
+  QTEST(outputName(record(source), u"m4v"_s), "name");
+  QTEST(pathNextToSource(record(source), u"m4v"_s), "path");
+}
+
+void TestDestinations::lastFolderThatIsAPrefixWins() {
+  QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {}), -1);
+  QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {u"/Other"_s}), -1);
+  QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {u"/"_s, u"/Movies"_s, u"/Other"_s}), 1);
+  QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {u"/Movies"_s, u"/"_s}), 1);
+  // A plain prefix of the text, whatever it means as a path.
+  QCOMPARE(lastFolderHolding(u"/Movies2/a.mp4"_s, {u"/Movies"_s}), 0);
+}
+
+void TestDestinations::nextToSourceNeedsAnOpenedFolder() {
+  const MKVFileInfo info = record(m_program->path(u"Film.mkv"_s));
+  const ClaimedNames claimed;
+  QCOMPARE(resolveDestination({}, info, {u"/"_s}, claimed),
+           QUrl::fromLocalFile(m_program->path(u"Film.m4v"_s)));
+  QCOMPARE(resolveDestination({}, info, {}, claimed), std::optional<QUrl>());
+}
+
+void TestDestinations::folderTakesTheOutputName() {
+  const DestinationChoice choice{DestinationChoice::Kind::Folder, u"/out"_s};
+  QCOMPARE(resolveDestination(choice, record(u"/f/Film.mkv"_s), {}, ClaimedNames()),
+           QUrl::fromLocalFile(u"/out/Film.m4v"_s));
+}
+
+void TestDestinations::resolvedNamesAreUnique() {
+  const MKVFileInfo info = record(m_program->path(u"Film.mkv"_s));
+  QVERIFY(!file(u"Film.m4v"_s).isEmpty());
+  ClaimedNames claimed;
+  claimed.claim(m_program->path(u"Film-0.m4v"_s), info.fileURL.toLocalFile());
+  QCOMPARE(resolveDestination({}, info, {u"/"_s}, claimed),
+           QUrl::fromLocalFile(m_program->path(u"Film-1.m4v"_s)));
+}
+
+void TestDestinations::claimedNamesAreNotFree() {
+  ClaimedNames claimed;
+  const QString wanted = m_program->path(u"a.m4v"_s);
+  QCOMPARE(claimed.uniqueName(wanted), wanted);
+  claimed.claim(wanted, m_program->path(u"a.mkv"_s));
+  QVERIFY(claimed.isClaimed(wanted));
+  QCOMPARE(claimed.uniqueName(wanted), m_program->path(u"a-0.m4v"_s));
+  claimed.release(wanted);
+  QVERIFY(!claimed.isClaimed(wanted));
+  QCOMPARE(claimed.uniqueName(wanted), wanted);
+}
+
+void TestDestinations::claimIsTheSameByEveryPath() {
+  const QString link = m_program->path(u"link"_s);
+  QVERIFY(QFile::link(m_program->root(), link));
+  ClaimedNames claimed;
+  claimed.claim(m_program->path(u"a.m4v"_s), m_program->path(u"a.mkv"_s));
+  QVERIFY(claimed.isClaimed(link + u"/a.m4v"_s));
+  QVERIFY(claimed.isClaimed(m_program->root() + u"/./a.m4v"_s));
+  QVERIFY(!claimed.isClaimed(link + u"/b.m4v"_s));
+  // In a folder that is not there, the text has to do.
+  claimed.claim(u"/nowhere/a.m4v"_s, m_program->path(u"b.mkv"_s));
+  QVERIFY(claimed.isClaimed(u"/nowhere/a.m4v"_s));
+}
+
+void TestDestinations::sourceIsKnownByEveryName() {
+  const QString source = file(u"a.mp4"_s);
+  const QString symbolic = m_program->path(u"symbolic.mp4"_s);
+  const QString hard = m_program->path(u"hard.mp4"_s);
+  QVERIFY(QFile::link(source, symbolic));
+  QCOMPARE(::link(QFile::encodeName(source).constData(), QFile::encodeName(hard).constData()), 0);
+  ClaimedNames claimed;
+  claimed.claim(m_program->path(u"out.m4v"_s), source);
+  const QString dotted = m_program->root() + u"/./a.mp4"_s;
+  for (const QString &path : {source, symbolic, hard, dotted})
+    QVERIFY(claimed.isSource(path));
+  QVERIFY(!claimed.isSource(file(u"b.mp4"_s)));
+  claimed.release(m_program->path(u"out.m4v"_s));
+  for (const QString &path : {source, symbolic, hard, dotted})
+    QVERIFY(!claimed.isSource(path));
+}
+
+void TestDestinations::renamedSourceStaysASource() {
+  const QString source = file(u"a.mp4"_s);
+  const QString out = m_program->path(u"out.m4v"_s);
+  ClaimedNames claimed;
+  claimed.claim(out, source);
+  const QString renamed = m_program->path(u"renamed.mp4"_s);
+  QVERIFY(QFile::rename(source, renamed));
+  QVERIFY(claimed.isSource(renamed));
+  claimed.release(out);
+  QVERIFY(!claimed.isSource(renamed));
+  QVERIFY(!claimed.isSource(source));
+}
+
+void TestDestinations::replacedSourceStaysASourceByName() {
+  const QString source = file(u"a.mp4"_s);
+  ClaimedNames claimed;
+  claimed.claim(m_program->path(u"out.m4v"_s), source);
+  const QString kept = m_program->path(u"kept.mp4"_s);
+  QVERIFY(QFile::rename(source, kept));
+  QCOMPARE(file(u"a.mp4"_s), source);
+  QVERIFY(claimed.isSource(source));
+  QVERIFY(claimed.isSource(kept));
+}
+
+void TestDestinations::sourceOfSeveralJobsIsCounted() {
+  const QString source = file(u"a.mp4"_s);
+  const QString first = m_program->path(u"1.m4v"_s);
+  const QString second = m_program->path(u"2.m4v"_s);
+  ClaimedNames claimed;
+  claimed.claim(first, source);
+  claimed.claim(second, source);
+  QCOMPARE(claimed.jobsOnSource(source), 2);
+  claimed.release(first);
+  QCOMPARE(claimed.jobsOnSource(source), 1);
+  QVERIFY(claimed.isSource(source));
+  claimed.release(second);
+  QCOMPARE(claimed.jobsOnSource(source), 0);
+}
+
+void TestDestinations::claimMovesWithItsSource() {
+  const QString source = file(u"a.mp4"_s);
+  const QString before = m_program->path(u"1.m4v"_s);
+  const QString after = m_program->path(u"1-0.m4v"_s);
+  ClaimedNames claimed;
+  claimed.claim(before, source);
+  claimed.move(before, after);
+  QVERIFY(!claimed.isClaimed(before));
+  QVERIFY(claimed.isClaimed(after));
+  QVERIFY(claimed.isSource(source));
+  claimed.release(after);
+  QVERIFY(!claimed.isSource(source));
+}
+
+void TestDestinations::releaseOfAnUnknownNameChangesNothing() {
+  const QString source = file(u"a.mp4"_s);
+  ClaimedNames claimed;
+  claimed.claim(m_program->path(u"1.m4v"_s), source);
+  claimed.release(m_program->path(u"2.m4v"_s));
+  claimed.move(m_program->path(u"2.m4v"_s), m_program->path(u"3.m4v"_s));
+  QCOMPARE(claimed.jobsOnSource(source), 1);
+  QVERIFY(!claimed.isClaimed(m_program->path(u"3.m4v"_s)));
+}
+
+QTEST_GUILESS_MAIN(TestDestinations)
+#include "tst_destinations.moc"

@@ -1,0 +1,313 @@
+#include <QtTest>
+
+#include "Defaults.h"
+#include "ScratchProgram.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+namespace {
+
+// The settings and their defaults as they are documented, in that order; written down a second
+// time.
+const QList<QPair<QString, qint64>> documented{
+    {u"ConversionPreset"_s, 0},
+    {u"IncludeSurroundTrack"_s, 0},
+    {u"IncludeSurroundTrackTranscoded"_s, 1},
+    {u"WelcomeShown"_s, 1},
+    {u"DefaultExtension"_s, 1},
+    {u"AACBitrate"_s, 1},
+    {u"AC3StereoBitrate"_s, 1},
+    {u"AC3SurroundBitrate"_s, 1},
+    {u"AudioVolume"_s, 100},
+    {u"AutoAdd"_s, 0},
+    {u"AutoClean"_s, 0},
+    {u"AutoRemove"_s, 0},
+    {u"AutoRemoveType"_s, 0},
+    {u"Conversions"_s, 0},
+    {u"HasUpgradedFromPre13"_s, 0},
+    {u"ExternalSubtitleEncoding"_s, 0},
+    {u"DefaultAudio"_s, 0},
+    {u"DefaultDestination"_s, 0},
+    {u"FixSubtitleDuration"_s, 1},
+    {u"DestinationBookmarks"_s, 0},
+    {u"DestinationNames"_s, 0},
+    {u"DisableBuiltinSubtitles"_s, 1},
+    {u"QuitAfterConversion"_s, 0},
+    {u"DTSDownmix"_s, 0},
+    {u"AC3Downmix"_s, 0},
+    {u"CustomAC3Handling"_s, 3},
+    {u"CustomAC351Handling"_s, 3},
+    {u"CustomDTSHandling"_s, 1},
+    {u"CustomDTS51Handling"_s, 2},
+    {u"CustomVorbisHandling"_s, 1},
+    {u"CustomMP3Handling"_s, 1},
+    {u"CustomUnknownHandling"_s, 1},
+    {u"HEAACConvert"_s, 0},
+    {u"ProduceStreamableFiles"_s, 0},
+    {u"InsertJobsAtBottom"_s, 0},
+};
+constexpr qsizetype registeredCount = 32;
+
+int countOf(const QStringList &messages, const QString &part) {
+  return static_cast<int>(std::ranges::count_if(
+      messages, [&part](const QString &message) { return message.contains(part); }));
+}
+
+}  // namespace
+
+class TestSettings final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    registerSettings();
+  }
+  void cleanup() { m_program.reset(); }
+
+  void tableHasEverySettingInItsOrder();
+  void namesAreUnique();
+  void unknownSettingIsNotFound();
+  void registeredDefaultsAreRead();
+  void registrationKeepsWhatIsStored();
+  void text_data();
+  void text();
+  void textBecomesAValue();
+  void outOfRangeReadsAsDefaultAndIsToldOnce();
+  void valuesWithARuleOfTheirOwnAreReadAsTheyAre();
+  void storedTextsAreRead_data();
+  void storedTextsAreRead();
+  void storedValuesAreComplainedAbout();
+  void choicesSurviveARestart();
+  void everyConversionSettingIsRead();
+  void everyCompletionSettingIsRead();
+
+ private:
+  std::unique_ptr<ScratchProgram> m_program;
+};
+
+void TestSettings::tableHasEverySettingInItsOrder() {
+  QList<QPair<QString, qint64>> table;
+  qsizetype registered = 0;
+  for (const Setting &setting : settingsTable()) {
+    table.append({QString::fromLatin1(setting.key), setting.fallback});
+    if (setting.registered) ++registered;
+  }
+  QCOMPARE(table, documented);
+  QCOMPARE(registered, registeredCount);
+}
+
+void TestSettings::namesAreUnique() {
+  QSet<QString> names;
+  for (const Setting &setting : settingsTable())
+    names.insert(QString::fromLatin1(setting.key));
+  QCOMPARE(names.size(), static_cast<qsizetype>(settingsTable().size()));
+}
+
+void TestSettings::unknownSettingIsNotFound() {
+  QVERIFY(findSetting(u"AutoAdd"_s) != nullptr);
+  QVERIFY(findSetting(u"autoadd"_s) == nullptr);
+  QVERIFY(findSetting(u"convertedFileCount"_s) == nullptr);
+}
+
+void TestSettings::registeredDefaultsAreRead() {
+  for (qsizetype i = 0; i < documented.size(); ++i) {
+    const auto &[key, fallback] = documented.at(i);
+    if (key.startsWith(u"Destination"_s)) {
+      QVERIFY(ostrak::defaultArray(key).isEmpty());
+      QVERIFY(ostrak::defaultObject(key).isValid());
+      continue;
+    }
+    QCOMPARE(ostrak::defaultInt(key), fallback);
+    QCOMPARE(settingInt(key.toLatin1().constData()), fallback);
+    QCOMPARE(ostrak::defaultObject(key).isValid(), i < registeredCount);
+  }
+}
+
+void TestSettings::registrationKeepsWhatIsStored() {
+  ostrak::setDefaultInt(u"AACBitrate"_s, 3);
+  registerSettings();
+  QCOMPARE(settingInt("AACBitrate"), 3);
+}
+
+void TestSettings::text_data() {
+  QTest::addColumn<QString>("key");
+  QTest::addColumn<QStringList>("taken");
+  QTest::addColumn<QStringList>("refused");
+  QTest::addColumn<QString>("allowed");
+  const auto row = [](const char *key, const QStringList &taken, const QStringList &refused,
+                      const QString &allowed) {
+    QTest::newRow(key) << QString::fromLatin1(key) << taken << refused << allowed;
+  };
+  const QStringList noNumbers{u""_s, u"x"_s, u"1.5"_s, u"-1"_s, u"nan"_s, u"inf"_s, u"1e0"_s};
+  const QString zeroOrOne = u"0 or 1"_s;
+  const QString zeroToThree = u"0 to 3"_s;
+  for (const char *key :
+       {"IncludeSurroundTrack", "IncludeSurroundTrackTranscoded", "WelcomeShown", "AutoAdd",
+        "AutoClean", "AutoRemove", "HasUpgradedFromPre13", "FixSubtitleDuration",
+        "DisableBuiltinSubtitles", "QuitAfterConversion", "DTSDownmix", "AC3Downmix",
+        "HEAACConvert", "ProduceStreamableFiles", "InsertJobsAtBottom", "DefaultExtension",
+        "AutoRemoveType", "CustomUnknownHandling"})
+    row(key, {u"0"_s, u"1"_s}, noNumbers + QStringList{u"2"_s, u"true"_s}, zeroOrOne);
+  for (const char *key : {"AACBitrate", "AC3StereoBitrate", "AC3SurroundBitrate",
+                          "CustomAC3Handling", "CustomAC351Handling", "CustomDTSHandling",
+                          "CustomDTS51Handling", "CustomVorbisHandling", "CustomMP3Handling"})
+    row(key, {u"0"_s, u"1"_s, u"3"_s}, noNumbers + QStringList{u"4"_s, u"9"_s}, zeroToThree);
+  row("ConversionPreset", {u"0"_s, u"2"_s}, noNumbers + QStringList{u"3"_s}, u"0 to 2"_s);
+  row("ExternalSubtitleEncoding", {u"0"_s, u"2"_s, u"38"_s},
+      noNumbers + QStringList{u"1"_s, u"39"_s}, u"0 or 2 to 38"_s);
+  row("DefaultAudio", {u"0"_s, u"2"_s, u"8"_s}, noNumbers + QStringList{u"1"_s, u"9"_s},
+      u"0 or 2 to 8"_s);
+  row("AudioVolume", {u"0"_s, u"1000"_s, u"99.5"_s, u"1e2"_s},
+      {u""_s, u"x"_s, u"-1"_s, u"1000.5"_s, u"nan"_s, u"inf"_s}, u"a number from 0 to 1000"_s);
+  row("DefaultDestination", {u"0"_s, u"70"_s}, noNumbers, u"a whole number from 0"_s);
+  row("Conversions", {u"0"_s, u"70"_s}, noNumbers, u"a whole number from 0"_s);
+  for (const char *key : {"DestinationBookmarks", "DestinationNames"})
+    row(key, {}, {u""_s, u"0"_s, u"x"_s}, u"nothing that can be set as text"_s);
+}
+
+void TestSettings::text() {
+  QFETCH(const QString, key);
+  QFETCH(const QStringList, taken);
+  QFETCH(const QStringList, refused);
+  QFETCH(const QString, allowed);
+  const Setting *setting = findSetting(key);
+  QVERIFY(setting != nullptr);
+  QCOMPARE(allowedValues(*setting), allowed);
+  for (const QString &text : taken)
+    QVERIFY2(refusalOfValue(*setting, text).isNull(), qPrintable(text));
+  for (const QString &text : refused) {
+    const QString refusal = refusalOfValue(*setting, text);
+    QVERIFY2(refusal.contains(key) && refusal.contains(allowed),
+             qPrintable(text + u": "_s + refusal));
+  }
+}
+
+void TestSettings::textBecomesAValue() {
+  QCOMPARE(valueFromText(*findSetting(u"AACBitrate"_s), u"2"_s), QVariant(qint64(2)));
+  QCOMPARE(valueFromText(*findSetting(u"AudioVolume"_s), u"150"_s), QVariant(qint64(150)));
+  QCOMPARE(valueFromText(*findSetting(u"AudioVolume"_s), u"99.5"_s), QVariant(99.5));
+}
+
+// Told once a process, so each of these keys is used in this function only.
+void TestSettings::outOfRangeReadsAsDefaultAndIsToldOnce() {
+  ostrak::setDefaultInt(u"AC3StereoBitrate"_s, 9);
+  ostrak::setDefaultInt(u"DefaultAudio"_s, 1);
+  ostrak::setDefaultInt(u"CustomVorbisHandling"_s, -1);
+  ostrak::setDefaultString(u"AudioVolume"_s, u"loud"_s);
+  ostrak::setDefaultInt(u"DTSDownmix"_s, 2);
+  for (int i = 0; i < 3; ++i) {
+    QCOMPARE(settingInt("AC3StereoBitrate"), 1);
+    QCOMPARE(settingInt("DefaultAudio"), 0);
+    QCOMPARE(settingInt("CustomVorbisHandling"), 1);
+    QCOMPARE(settingFloat("AudioVolume"), 100.0F);
+    QCOMPARE(settingBool("DTSDownmix"), false);
+  }
+  for (const QString &key : {u"AC3StereoBitrate"_s, u"DefaultAudio"_s, u"CustomVorbisHandling"_s,
+                             u"AudioVolume"_s, u"DTSDownmix"_s})
+    QCOMPARE(countOf(m_program->logged(), key), 1);
+  QCOMPARE(ostrak::defaultInt(u"AC3StereoBitrate"_s), 9);
+}
+
+void TestSettings::valuesWithARuleOfTheirOwnAreReadAsTheyAre() {
+  ostrak::setDefaultInt(u"ConversionPreset"_s, 7);
+  ostrak::setDefaultInt(u"DefaultDestination"_s, 70);
+  QCOMPARE(settingInt("ConversionPreset"), 7);
+  QCOMPARE(settingInt("DefaultDestination"), 70);
+  QVERIFY(storedValueComplaints().isEmpty());
+  QVERIFY(m_program->logged().isEmpty());
+}
+
+void TestSettings::storedTextsAreRead_data() {
+  QTest::addColumn<QVariant>("stored");
+  QTest::addColumn<bool>("expected");
+  QTest::newRow("1") << QVariant(u"1"_s) << true;
+  QTest::newRow("0") << QVariant(u"0"_s) << false;
+  QTest::newRow("true") << QVariant(u"true"_s) << true;
+  QTest::newRow("false") << QVariant(u"false"_s) << false;
+  QTest::newRow("boolean") << QVariant(true) << true;
+  QTest::newRow("floating point") << QVariant(1.0) << true;
+}
+
+void TestSettings::storedTextsAreRead() {
+  QFETCH(const QVariant, stored);
+  QFETCH(const bool, expected);
+  ostrak::setDefaultObject(u"AutoAdd"_s, stored);
+  QCOMPARE(settingBool("AutoAdd"), expected);
+}
+
+void TestSettings::storedValuesAreComplainedAbout() {
+  QVERIFY(storedValueComplaints().isEmpty());
+  ostrak::setDefaultInt(u"AACBitrate"_s, 9);
+  ostrak::setDefaultInt(u"AutoAdd"_s, 1);
+  ostrak::setDefaultArray(u"DestinationNames"_s, {u"Films"_s});
+  QCOMPARE(
+      storedValueComplaints(),
+      QStringList{u"The stored value \"9\" of \"AACBitrate\" is out of range (allowed: 0 to 3); "
+                  "1 is used."_s});
+}
+
+void TestSettings::choicesSurviveARestart() {
+  ostrak::setDefaultInt(u"CustomDTSHandling"_s, 3);
+  ostrak::setDefaultFloat(u"AudioVolume"_s, 99.5F);
+  ostrak::setDefaultInt(u"DisableBuiltinSubtitles"_s, 0);
+  m_program->restart();
+  registerSettings();
+  QCOMPARE(settingInt("CustomDTSHandling"), 3);
+  QCOMPARE(settingFloat("AudioVolume"), 99.5F);
+  QCOMPARE(settingBool("DisableBuiltinSubtitles"), false);
+}
+
+void TestSettings::everyConversionSettingIsRead() {
+  const ConversionSettings fresh = readConversionSettings();
+  QCOMPARE(fresh.CustomDTS51Handling, 2);
+  QCOMPARE(fresh.AudioVolume, 100.0F);
+  QCOMPARE(fresh.IncludeSurroundTrackTranscoded, true);
+  const QList<QPair<QString, int>> values{{u"ConversionPreset"_s, 2},
+                                          {u"CustomAC3Handling"_s, 0},
+                                          {u"CustomAC351Handling"_s, 1},
+                                          {u"CustomDTSHandling"_s, 2},
+                                          {u"CustomDTS51Handling"_s, 3},
+                                          {u"CustomMP3Handling"_s, 0},
+                                          {u"CustomUnknownHandling"_s, 0},
+                                          {u"AACBitrate"_s, 2},
+                                          {u"AC3SurroundBitrate"_s, 0},
+                                          {u"ExternalSubtitleEncoding"_s, 38},
+                                          {u"AC3Downmix"_s, 1},
+                                          {u"IncludeSurroundTrack"_s, 1},
+                                          {u"IncludeSurroundTrackTranscoded"_s, 0},
+                                          {u"DisableBuiltinSubtitles"_s, 0},
+                                          {u"FixSubtitleDuration"_s, 0},
+                                          {u"ProduceStreamableFiles"_s, 1}};
+  for (const auto &[key, value] : values)
+    ostrak::setDefaultInt(key, value);
+  const ConversionSettings read = readConversionSettings();
+  QCOMPARE(read.ConversionPreset, 2);
+  QCOMPARE(read.CustomAC3Handling, 0);
+  QCOMPARE(read.CustomAC351Handling, 1);
+  QCOMPARE(read.CustomDTSHandling, 2);
+  QCOMPARE(read.CustomDTS51Handling, 3);
+  QCOMPARE(read.CustomMP3Handling, 0);
+  QCOMPARE(read.CustomUnknownHandling, 0);
+  QCOMPARE(read.AACBitrate, 2);
+  QCOMPARE(read.AC3SurroundBitrate, 0);
+  QCOMPARE(read.ExternalSubtitleEncoding, 38);
+  QVERIFY(read.AC3Downmix && read.IncludeSurroundTrack && read.ProduceStreamableFiles);
+  QVERIFY(!read.IncludeSurroundTrackTranscoded && !read.DisableBuiltinSubtitles);
+  QVERIFY(!read.FixSubtitleDuration && !read.DTSDownmix);
+}
+
+void TestSettings::everyCompletionSettingIsRead() {
+  for (const QString &key :
+       {u"AutoClean"_s, u"AutoRemove"_s, u"AutoRemoveType"_s, u"QuitAfterConversion"_s})
+    ostrak::setDefaultInt(key, 1);
+  const CompletionSettings read = readCompletionSettings();
+  QVERIFY(read.AutoClean && read.AutoRemove && read.QuitAfterConversion);
+  QCOMPARE(read.AutoRemoveType, 1);
+}
+
+QTEST_GUILESS_MAIN(TestSettings)
+#include "tst_settings.moc"
