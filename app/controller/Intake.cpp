@@ -39,10 +39,9 @@ ProbeRun brokenReport(const QString &path, const ostrak::Exception &exception) {
 }
 
 // On a worker: an error in one file never ends the batch.
-ProbeRun probeGuarded(const Prober &prober, const QString &path) {
+ProbeRun probeGuarded(const Prober &prober, const QString &path, const ProbeSettings &settings) {
   try {
-    const ProbeRun run =
-        prober(QUrl::fromLocalFile(path), {.heAACConvert = settingBool("HEAACConvert")});
+    const ProbeRun run = prober(QUrl::fromLocalFile(path), settings);
     raiseAlerts(run);
     return run;
   } catch (const ostrak::Exception &exception) {
@@ -83,12 +82,14 @@ void Intake::addNextFile() {
   m_probing = true;
   m_skipping = false;
   Q_EMIT changed();
-  ostrak::dispatch_async_back([path, subtitle, prober = m_prober, intake = QPointer<Intake>(this)] {
-    const ProbeRun run = probeGuarded(prober, path);
-    ostrak::dispatch_async_main([path, subtitle, run, intake] {
-      if (intake) intake->probeDone(path, subtitle, run);
-    });
-  });
+  const ProbeSettings settings{.heAACConvert = settingBool("HEAACConvert")};
+  ostrak::dispatch_async_back(
+      [path, subtitle, settings, prober = m_prober, intake = QPointer<Intake>(this)] {
+        const ProbeRun run = probeGuarded(prober, path, settings);
+        ostrak::dispatch_async_main([path, subtitle, run, intake] {
+          if (intake) intake->probeDone(path, subtitle, run);
+        });
+      });
 }
 
 void Intake::probeDone(const QString &path, const QString &subtitle, const ProbeRun &run) {

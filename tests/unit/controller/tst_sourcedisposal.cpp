@@ -1,0 +1,289 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QtTest>
+
+#include "Scenario.h"
+#include "ScratchProgram.h"
+#include "SourceDisposal.h"
+#include "TrashCan.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+namespace {
+
+// Refuses everything.
+class FullTrashCan final : public TrashCan {
+ public:
+  [[nodiscard]] QString moveToTrash(const QString &) override { return u"the Trash is full"_s; }
+};
+
+}  // namespace
+
+class TestSourceDisposal final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    m_request = DisposalRequest{
+        write(u"Film.mkv"_s, "source"), {}, {write(u"Film.m4v"_s, "output")}, 100, false};
+    m_request.identity = ostrak::fileIdentity(m_request.source);
+  }
+  void cleanup() { m_program.reset(); }
+
+  void lengths_data();
+  void lengths();
+  void goodOutputLetsTheSourceGo();
+  void missingOutputKeepsIt();
+  void emptyOutputKeepsIt();
+  void folderInPlaceOfTheOutputKeepsIt();
+  void shortOutputKeepsIt();
+  void outputWithoutLengthKeepsIt();
+  void unknownLengthOfTheSourceKeepsIt();
+  void anyBadOutputKeepsIt();
+  void noOutputAtAllKeepsIt();
+  void outputThatIsTheSourceKeepsIt();
+  void anotherFileInItsPlaceIsKept();
+  void sourceThatIsGoneIsNoMatter();
+  void lengthIsReadByTheTool();
+
+  void trashTakesTheSource();
+  void deletingTakesTheSource();
+  void keptSourceIsLogged();
+  void failingTrashIsToldAndTheSourceStays();
+  void failingDeletionIsTold();
+  void oneAfterTheOther();
+  void mayGoWhileOneIsChecked();
+
+ private:
+  [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
+    QFile file(m_program->path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
+    return file.fileName();
+  }
+  [[nodiscard]] QString whyKept(qint32 seconds = 100) const {
+    return whyKeepSource(m_request, [seconds](const QUrl &) { return seconds; });
+  }
+  void playDuration(const char *duration) const {
+    Scenario scenario(m_program->path(u"bundle/resources/ffmpeg.scenario"_s));
+    scenario.probe().reportText(QByteArray("  Duration: ") + duration +
+                                ", start: 0.000000, bitrate: 10 kb/s\n");
+    QVERIFY(scenario.write());
+  }
+  std::unique_ptr<ScratchProgram> m_program;
+  DisposalRequest m_request;
+};
+
+void TestSourceDisposal::lengths_data() {
+  QTest::addColumn<int>("source");
+  QTest::addColumn<int>("output");
+  QTest::addColumn<bool>("asLong");
+  const auto row = [](const char *name, int source, int output, bool asLong) {
+    QTest::newRow(name) << source << output << asLong;
+  };
+  row("equal", 50, 50, true);
+  row("2 s shorter", 50, 48, true);
+  row("3 s shorter", 50, 47, false);
+  row("2 s longer", 50, 52, true);
+  row("3 s longer", 50, 53, false);
+  row("2 % shorter", 1000, 980, true);
+  row("more than 2 % shorter", 1000, 979, false);
+  row("2 % longer", 1000, 1020, true);
+  row("more than 2 % longer", 1000, 1021, false);
+  row("2 % of 149 is 2.98", 149, 146, false);
+  row("2 % of 150 is 3", 150, 147, true);
+  row("nothing of a short one", 2, 0, true);
+}
+
+void TestSourceDisposal::lengths() {
+  QFETCH(const int, source);
+  QFETCH(const int, output);
+  QTEST(isAsLong(source, output), "asLong");
+  QVERIFY(!isAsLong({}, output));
+}
+
+void TestSourceDisposal::goodOutputLetsTheSourceGo() {
+  QCOMPARE(whyKept(), QString());
+}
+
+void TestSourceDisposal::missingOutputKeepsIt() {
+  QVERIFY(QFile::remove(m_request.destinations.at(0)));
+  QVERIFY(whyKept().contains(u"no output"_s));
+}
+
+void TestSourceDisposal::emptyOutputKeepsIt() {
+  QVERIFY(QFile::resize(m_request.destinations.at(0), 0));
+  QVERIFY(whyKept().contains(u"no output"_s));
+}
+
+void TestSourceDisposal::folderInPlaceOfTheOutputKeepsIt() {
+  m_request.destinations = {m_program->root()};
+  QVERIFY(whyKept().contains(u"no output"_s));
+}
+
+void TestSourceDisposal::shortOutputKeepsIt() {
+  QVERIFY(whyKept(97).contains(u"97 seconds, the source 100"_s));
+}
+
+void TestSourceDisposal::outputWithoutLengthKeepsIt() {
+  QVERIFY(whyKept(-1).contains(u"how long it is"_s));
+  m_request.runtimeSeconds = 1;
+  QVERIFY(!whyKept(-1).isNull());
+}
+
+void TestSourceDisposal::unknownLengthOfTheSourceKeepsIt() {
+  m_request.runtimeSeconds.reset();
+  QVERIFY(whyKept().contains(u"how long the source is"_s));
+}
+
+void TestSourceDisposal::anyBadOutputKeepsIt() {
+  m_request.destinations.append(write(u"Film-0.m4v"_s, ""));
+  QVERIFY(whyKept().contains(u"Film-0.m4v"_s));
+}
+
+void TestSourceDisposal::noOutputAtAllKeepsIt() {
+  m_request.destinations.clear();
+  QVERIFY(!whyKept().isNull());
+}
+
+void TestSourceDisposal::outputThatIsTheSourceKeepsIt() {
+  const QString link = m_program->path(u"hard.m4v"_s);
+  QCOMPARE(
+      ::link(QFile::encodeName(m_request.source).constData(), QFile::encodeName(link).constData()),
+      0);
+  m_request.destinations = {link};
+  QVERIFY(whyKept().contains(u"source itself"_s));
+}
+
+void TestSourceDisposal::anotherFileInItsPlaceIsKept() {
+  QVERIFY(QFile::rename(m_request.source, m_program->path(u"moved.mkv"_s)));
+  QCOMPARE(write(u"Film.mkv"_s, "another film"), m_request.source);
+  QVERIFY(whyKept().contains(u"another file"_s));
+}
+
+void TestSourceDisposal::sourceThatIsGoneIsNoMatter() {
+  QVERIFY(QFile::remove(m_request.source));
+  QVERIFY(whyKept().contains(u"not there any more"_s));
+}
+
+void TestSourceDisposal::lengthIsReadByTheTool() {
+  playDuration("00:01:39.50");
+  QCOMPARE(whyKeepSource(m_request), QString());
+  playDuration("00:00:50.00");
+  QVERIFY(whyKeepSource(m_request).contains(u"50 seconds"_s));
+}
+
+void TestSourceDisposal::trashTakesTheSource() {
+  playDuration("00:01:40.00");
+  RecordingTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  QSignalSpy idle(&disposal, &SourceDisposal::idle);
+  QVERIFY(disposal.isIdle());
+  disposal.dispose(m_request);
+  QVERIFY(!disposal.isIdle());
+  QTRY_COMPARE(idle.size(), 1);
+  QVERIFY(disposal.isIdle());
+  QCOMPARE(trashCan.trashed, QStringList(m_request.source));
+}
+
+void TestSourceDisposal::deletingTakesTheSource() {
+  playDuration("00:01:40.00");
+  RecordingTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  m_request.deleteOutright = true;
+  disposal.dispose(m_request);
+  QTRY_VERIFY(disposal.isIdle());
+  QVERIFY(!QFile::exists(m_request.source));
+  QVERIFY(QFile::exists(m_request.destinations.at(0)));
+  QVERIFY(trashCan.trashed.isEmpty());
+}
+
+void TestSourceDisposal::keptSourceIsLogged() {
+  playDuration("00:00:50.00");
+  RecordingTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  m_request.deleteOutright = true;
+  disposal.dispose(m_request);
+  QTRY_VERIFY(disposal.isIdle());
+  QVERIFY(QFile::exists(m_request.source));
+  QCOMPARE(m_program->logged().size(), 1);
+  const QString message = m_program->logged().at(0);
+  QVERIFY(message.startsWith(u"Warning: the source "_s + m_request.source + u" stays: "_s));
+  QVERIFY(message.contains(u"50 seconds, the source 100"_s));
+  QVERIFY(m_program->presenter().presented.isEmpty());
+}
+
+void TestSourceDisposal::failingTrashIsToldAndTheSourceStays() {
+  playDuration("00:01:40.00");
+  FullTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  disposal.dispose(m_request);
+  QTRY_VERIFY(disposal.isIdle());
+  QVERIFY(QFile::exists(m_request.source));
+  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
+  const ostrak::Alert &told = m_program->presenter().presented.at(0);
+  QCOMPARE(told.message, u"The converted file "_s + m_request.source +
+                             u" could not be moved to the Trash: the Trash is full"_s);
+  QCOMPARE(told.subject, m_request.source);
+  QVERIFY(m_program->logged().at(0).contains(u"the Trash is full"_s));
+}
+
+void TestSourceDisposal::failingDeletionIsTold() {
+  if (::geteuid() == 0) {
+    // Nothing is forbidden to root but to delete a folder as if it were a file.
+    QVERIFY(QFile::remove(m_request.source));
+    QVERIFY(QDir().mkdir(m_request.source));
+    m_request.identity = ostrak::fileIdentity(m_request.source);
+  } else {
+    QFile(m_program->root()).setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  }
+  playDuration("00:01:40.00");
+  RecordingTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  m_request.deleteOutright = true;
+  disposal.dispose(m_request);
+  QTRY_VERIFY(disposal.isIdle());
+  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
+  QVERIFY(m_program->presenter().presented.at(0).message.contains(u"could not be deleted"_s));
+  QFile(m_program->root()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+void TestSourceDisposal::oneAfterTheOther() {
+  playDuration("00:01:40.00");
+  RecordingTrashCan trashCan;
+  SourceDisposal disposal(trashCan);
+  QSignalSpy idle(&disposal, &SourceDisposal::idle);
+  QSignalSpy disposed(&disposal, &SourceDisposal::disposed);
+  DisposalRequest second = m_request;
+  second.source = write(u"Second.mkv"_s, "source");
+  second.identity = ostrak::fileIdentity(second.source);
+  disposal.dispose(m_request);
+  disposal.dispose(second);
+  disposal.dispose(m_request);
+  QTRY_COMPARE(idle.size(), 1);
+  QCOMPARE(disposed.size(), 3);
+  QCOMPARE(trashCan.trashed, QStringList({m_request.source, second.source, m_request.source}));
+}
+
+void TestSourceDisposal::mayGoWhileOneIsChecked() {
+  Scenario scenario(m_program->path(u"bundle/resources/ffmpeg.scenario"_s));
+  scenario.probe().announce(u"asked"_s).wait(u"go"_s);
+  QVERIFY(scenario.write());
+  RecordingTrashCan trashCan;
+  {
+    SourceDisposal disposal(trashCan);
+    disposal.dispose(m_request);
+    disposal.dispose(m_request);
+    QTRY_VERIFY(scenario.announced(u"asked"_s));
+    QVERIFY(scenario.release(u"go"_s));
+  }
+  // The report had no length, and the second request was never looked at.
+  QVERIFY(trashCan.trashed.isEmpty());
+  QCOMPARE(scenario.calls().size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestSourceDisposal)
+#include "tst_sourcedisposal.moc"
