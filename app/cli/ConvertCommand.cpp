@@ -1,0 +1,133 @@
+#include "ConvertCommand.h"
+
+#include <QDir>
+#include <algorithm>
+
+#include "AppDelegate.h"
+#include "ConvertRun.h"
+#include "DryRun.h"
+#include "ErrorLine.h"
+#include "ExitCode.h"
+#include "GivenFile.h"
+#include "JsonConvertReporter.h"
+#include "Ostrak.h"
+#include "Printable.h"
+#include "Settings.h"
+#include "SettingsCommand.h"
+#include "TerminalPresenter.h"
+#include "TextConvertReporter.h"
+#include "Wording.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+using ostrak::tk;
+
+namespace {
+
+QString toolPath() {
+  return tk->resDir() + u"/ffmpeg"_s;
+}
+
+// For this run alone: what was asked for, and what a terminal needs to be otherwise. A run queues
+// what it probes by itself, in the order of the command line, and ends when all is done.
+void overrideSettings(const QList<SettingChange> &changes) {
+  ostrak::UserDefaults &store = tk->userDefaults();
+  for (const SettingChange &change : changes)
+    store.setOverride(change.key, valueFromText(*findSetting(change.key), change.value));
+  store.setOverride(u"InsertJobsAtBottom"_s, 1);
+  store.setOverride(u"AutoAdd"_s, 0);
+  store.setOverride(u"AutoClean"_s, 0);
+  store.setOverride(u"QuitAfterConversion"_s, 0);
+}
+
+// Why nothing can be written into a folder that is to be made if it is missing; null when it is
+// there.
+QString whyNoFolder(const QString &folder) {
+  if (isFolder(folder) || QDir().mkpath(folder)) return {};
+  return worded(u"'%@' is no folder and can't be made one."_s, printable(folder));
+}
+
+// Launch repairs mend some stored values for good: those are told here, the others by the delegate.
+void launch(AppDelegate &delegate, TextSink &error) {
+  const QStringList before = storedValueComplaints();
+  delegate.applicationWillFinishLaunching();
+  const QStringList after = storedValueComplaints();
+  for (const QString &complaint : before) {
+    if (!after.contains(complaint)) writeErrorLine(error, complaint);
+  }
+}
+
+int statusOf(const ConvertResult &result) {
+  if (result.signal != 0) return statusOfSignal(result.signal);
+  return decant::statusOf(result.failed > 0 || result.aborted ? ExitCode::Failed : ExitCode::Done);
+}
+
+}  // namespace
+
+QString ConvertCommand::problemOf(const Invocation &invocation, const QByteArray &workingFolder) {
+  for (const SettingChange &change : invocation.changes) {
+    const QString problem = problemOfChange(change);
+    if (!problem.isNull()) return problem;
+  }
+  if (!invocation.outputFolder) return {};
+  return givenFile(*invocation.outputFolder, workingFolder).refusal;
+}
+
+int ConvertCommand::run(const Invocation &invocation, ConvertInput input) {
+  overrideSettings(invocation.changes);
+  return invocation.dryRun ? dryRun(invocation, std::move(input))
+                           : convert(invocation, std::move(input));
+}
+
+int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
+  const DestinationChoice destination = destinationOf(invocation);
+  if (destination.kind == DestinationChoice::Kind::Folder) {
+    const QString why = whyNoFolder(destination.folder);
+    for (InputFile &file : input.files) {
+      if (!file.failure && !why.isNull()) file.failure = {u"notWritable"_s, tk->appName(), why};
+    }
+  }
+  std::unique_ptr<ConvertReporter> reporter;
+  if (invocation.json)
+    reporter = std::make_unique<JsonConvertReporter>(m_services.output);
+  else
+    reporter =
+        std::make_unique<TextConvertReporter>(m_services.output, m_services.error, tk->appName());
+  AppDelegate delegate(
+      {{m_services.sleepInhibitor, m_desktop.notifier, m_desktop.revealer, m_desktop.urlOpener,
+        m_desktop.keyboard, m_services.volumes, m_services.clock, toolPath(), tk->docDir()},
+       m_services.trashCan,
+       m_services.preferredLanguages,
+       [] {},
+       proberWithSubtitle(input.subtitle),
+       [destination] { return destination; }});
+  launch(delegate, m_services.error);
+  ConvertRun run(delegate, std::move(input), invocation.audioTrack, *reporter);
+  m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
+  const ConvertResult result = run.run();
+  m_presenter.setListener({});
+  return statusOf(result);
+}
+
+int ConvertCommand::dryRun(const Invocation &invocation, ConvertInput input) {
+  DryRunReporter reporter(m_services.output, m_services.error, toolPath(), invocation.json);
+  DryRun run({toolPath(), tk->docDir(), tk->tempDir(), m_services.preferredLanguages,
+              destinationOf(invocation), invocation.audioTrack},
+             std::move(input), reporter);
+  m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
+  const int status = run.run();
+  m_presenter.setListener({});
+  return status;
+}
+
+DestinationChoice ConvertCommand::destinationOf(const Invocation &invocation) const {
+  if (!invocation.outputFolder) return {};
+  QString folder = givenFile(*invocation.outputFolder, m_services.workingFolder).path;
+  while (folder.size() > 1 && folder.endsWith(u'/'))
+    folder.chop(1);
+  return {DestinationChoice::Kind::Folder, folder};
+}
+
+}  // namespace decant

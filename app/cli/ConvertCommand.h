@@ -1,0 +1,36 @@
+#pragma once
+
+#include "CommandServices.h"
+#include "ConvertInput.h"
+#include "Destinations.h"
+#include "Invocation.h"
+#include "NullServices.h"
+
+namespace decant {
+
+class TerminalPresenter;
+
+// Converts the movies among the files, or tells what would be done.
+class ConvertCommand final {
+ public:
+  // Both outlive this.
+  ConvertCommand(CommandServices &services, TerminalPresenter &presenter)
+      : m_services(services), m_presenter(presenter) {}
+
+  // What is wrong with the settings of --set and the name of -o; null when nothing is.
+  [[nodiscard]] static QString problemOf(const Invocation &invocation,
+                                         const QByteArray &workingFolder);
+  // `input` has something to do. Returns the exit status.
+  [[nodiscard]] int run(const Invocation &invocation, ConvertInput input);
+
+ private:
+  [[nodiscard]] int convert(const Invocation &invocation, ConvertInput input);
+  [[nodiscard]] int dryRun(const Invocation &invocation, ConvertInput input);
+  [[nodiscard]] DestinationChoice destinationOf(const Invocation &invocation) const;
+
+  CommandServices &m_services;
+  TerminalPresenter &m_presenter;
+  NullServices m_desktop;
+};
+
+}  // namespace decant
