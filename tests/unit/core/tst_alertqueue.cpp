@@ -1,0 +1,134 @@
+#include <QEventLoop>
+#include <QTest>
+#include <thread>
+
+#include "Alerts.h"
+#include "Dispatch.h"
+#include "ScratchProgram.h"
+
+using namespace Qt::StringLiterals;
+using namespace ostrak;
+
+// Posted alerts: one at a time, after the handler that raised them.
+class TestAlertQueue final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init();
+  void waitsForTheHandler();
+  void showsOneAfterTheOther();
+  void waitsForAnAlertOnTheScreen();
+  void dropsEqualsStillWaiting();
+  void showsAnEqualAgainOnceAnswered();
+  void anAnswerMayRaiseAnother();
+  void comesFromAnyThread();
+
+ private:
+  [[nodiscard]] QStringList titles() const;
+  [[nodiscard]] static Alert titled(const QString &title);
+  // Answers a shown alert only after all that waits for the event loop has run, as a window does.
+  void showLikeAWindow();
+
+  std::unique_ptr<ScratchProgram> m_program;
+};
+
+void TestAlertQueue::init() {
+  QTest::failOnWarning(QRegularExpression(u".?"_s));
+  m_program.reset();
+  m_program = std::make_unique<ScratchProgram>();
+}
+
+QStringList TestAlertQueue::titles() const {
+  QStringList all;
+  for (const Alert &shown : m_program->presenter().presented)
+    all.append(shown.title);
+  return all;
+}
+
+Alert TestAlertQueue::titled(const QString &title) {
+  Alert made;
+  made.title = title;
+  return made;
+}
+
+void TestAlertQueue::showLikeAWindow() {
+  m_program->presenter().setWhileShown([](Alert &) {
+    QEventLoop loop;
+    dispatch_async_main([&loop] { dispatch_async_main([&loop] { loop.quit(); }); });
+    loop.exec();
+  });
+}
+
+void TestAlertQueue::waitsForTheHandler() {
+  bool answered = false;
+  QStringList shownInside;
+  dispatch_async_main([&] {
+    postAlert(titled(u"one"_s), [&](int code) { answered = code == secondButton; });
+    shownInside = titles();
+  });
+  m_program->presenter().answer(secondButton);
+  QTRY_VERIFY_WITH_TIMEOUT(answered, 20000);
+  QVERIFY(shownInside.isEmpty());
+  QCOMPARE(titles(), QStringList{u"one"_s});
+}
+
+void TestAlertQueue::showsOneAfterTheOther() {
+  showLikeAWindow();
+  QStringList steps;
+  for (const QString &title : {u"one"_s, u"two"_s, u"three"_s}) {
+    postAlert(titled(title), [&steps, title, this](int) {
+      steps.append(title + u" after "_s + QString::number(titles().size()));
+    });
+  }
+  QTRY_COMPARE_WITH_TIMEOUT(steps.size(), 3, 20000);
+  QCOMPARE(steps, (QStringList{u"one after 1"_s, u"two after 2"_s, u"three after 3"_s}));
+}
+
+void TestAlertQueue::waitsForAnAlertOnTheScreen() {
+  showLikeAWindow();
+  postAlert(titled(u"posted"_s));
+  Alert direct = titled(u"direct"_s);
+  (void)presentAlert(direct);
+  QCOMPARE(titles(), QStringList{u"direct"_s});
+  QTRY_COMPARE_WITH_TIMEOUT(titles(), (QStringList{u"direct"_s, u"posted"_s}), 20000);
+}
+
+void TestAlertQueue::dropsEqualsStillWaiting() {
+  int answers = 0;
+  for (int round = 0; round < 3; ++round) {
+    postAlert(titled(u"same"_s), [&answers](int) { ++answers; });
+  }
+  bool last = false;
+  postAlert(titled(u"other"_s), [&last](int) { last = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(last, 20000);
+  QCOMPARE(titles(), (QStringList{u"same"_s, u"other"_s}));
+  QCOMPARE(answers, 1);
+}
+
+void TestAlertQueue::showsAnEqualAgainOnceAnswered() {
+  for (int round = 1; round <= 2; ++round) {
+    postAlert(titled(u"same"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(titles().size(), round, 20000);
+  }
+}
+
+void TestAlertQueue::anAnswerMayRaiseAnother() {
+  bool done = false;
+  postAlert(titled(u"one"_s), [&](int) {
+    postAlert(titled(u"two"_s), [&](int) { done = true; });
+    QCOMPARE(titles(), QStringList{u"one"_s});
+  });
+  QTRY_VERIFY_WITH_TIMEOUT(done, 20000);
+  QCOMPARE(titles(), (QStringList{u"one"_s, u"two"_s}));
+}
+
+void TestAlertQueue::comesFromAnyThread() {
+  bool onMain = false;
+  std::thread([&] { postAlert(titled(u"one"_s), [&](int) { onMain = onMainThread(); }); }).join();
+  QVERIFY(titles().isEmpty());
+  QTRY_VERIFY_WITH_TIMEOUT(onMain, 20000);
+  QCOMPARE(titles(), QStringList{u"one"_s});
+}
+
+QTEST_GUILESS_MAIN(TestAlertQueue)
+#include "tst_alertqueue.moc"

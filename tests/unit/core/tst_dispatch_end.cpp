@@ -1,0 +1,82 @@
+#include <QCoreApplication>
+#include <QSemaphore>
+#include <QTest>
+#include <atomic>
+#include <thread>
+
+#include "Dispatch.h"
+
+using namespace Qt::StringLiterals;
+using namespace ostrak;
+
+// What becomes of waiting work when the application object goes; each case has one of its own.
+class TestDispatchEnd final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void withoutAnApplication();
+  void waitingBlocksAreDropped();
+  void aWaitingWorkerIsLetGo();
+  void aSecondApplicationStartsAfresh();
+};
+
+namespace {
+
+int argumentCount = 1;
+char programName[] = "tst_dispatch_end";
+char *argumentTexts[] = {programName, nullptr};
+
+}  // namespace
+
+void TestDispatchEnd::withoutAnApplication() {
+  QVERIFY(onMainThread());
+  bool ran = false;
+  dispatch_sync_main([&ran] { ran = true; });
+  QVERIFY(ran);
+  std::thread([&ran] {
+    QVERIFY(!onMainThread());
+    dispatch_sync_main([&ran] { ran = false; });
+  }).join();
+  QVERIFY(ran);
+}
+
+void TestDispatchEnd::waitingBlocksAreDropped() {
+  const auto witness = std::make_shared<int>(0);
+  bool ran = false;
+  {
+    const QCoreApplication application(argumentCount, argumentTexts);
+    dispatch_async_main([&ran, witness] { ran = true; });
+    dispatch_after_main([&ran, witness] { ran = true; }, 0.001F);
+    QCOMPARE(witness.use_count(), 3);
+  }
+  QCOMPARE(witness.use_count(), 1);
+  QVERIFY(!ran);
+}
+
+void TestDispatchEnd::aWaitingWorkerIsLetGo() {
+  std::atomic<bool> ran{false};
+  QSemaphore asking;
+  std::thread worker;
+  {
+    const QCoreApplication application(argumentCount, argumentTexts);
+    worker = std::thread([&] {
+      asking.release();
+      dispatch_sync_main([&ran] { ran = true; });
+    });
+    asking.acquire();
+  }
+  worker.join();
+  QVERIFY(!ran);
+}
+
+void TestDispatchEnd::aSecondApplicationStartsAfresh() {
+  for (int round = 0; round < 2; ++round) {
+    const QCoreApplication application(argumentCount, argumentTexts);
+    bool ran = false;
+    dispatch_async_main([&ran] { ran = true; });
+    QTRY_VERIFY_WITH_TIMEOUT(ran, 20000);
+  }
+}
+
+QTEST_APPLESS_MAIN(TestDispatchEnd)
+#include "tst_dispatch_end.moc"
