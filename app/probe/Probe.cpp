@@ -110,7 +110,8 @@ ProbeRun probeFile(const QUrl &source, const ProbeSettings &settings) {
     run.toolMissing = !tool.processRefused;
     return run;
   }
-  known.fileSize = ostrak::fileSize(path);
+  // Of the movie itself, when the source is a link to it.
+  known.fileSize = static_cast<quint64>(QFileInfo(path).size());
   ProbeRun run;
   run.outcome = parseReport(tool.report, known, settings);
   return run;
