@@ -17,17 +17,16 @@ struct ConversionPlan {
   bool fixup = false;    // the copied AAC stream needs the ADTS filter
 };
 
-// The documented list for one run of ffmpeg, without the executable. Pure.
+// The documented list for one run of ffmpeg, without the executable. Pure. Throws
+// ostrak::RangeError when the plan names no track, no conversion method, no bitrate or no character
+// set.
 [[nodiscard]] QStringList buildArguments(const ConversionPlan &plan);
 
-// What the muxers of today need besides; applied to the complete documented list.
-[[nodiscard]] QStringList withMuxerForUnusualStreams(QStringList arguments, const ConversionPlan &plan);
-[[nodiscard]] QStringList withTagForHevc(QStringList arguments, const ConversionPlan &plan);
-
-// buildArguments and all additions: exactly what ffmpeg gets.
+// buildArguments and the additions of MuxerAdditions.h: exactly what ffmpeg gets.
 [[nodiscard]] QStringList completeArguments(const ConversionPlan &plan);
 
-// Arguments of the one-second test conversion that asks whether a copied AAC track needs the filter.
+// Arguments of the one-second test conversion that asks whether a copied AAC track needs the
+// filter.
 [[nodiscard]] QStringList fixupTestArguments(const MKVFileInfo &fileInfo, int trackNumber,
                                              const QString &destination);
 // Its answer, from what the tool printed.
