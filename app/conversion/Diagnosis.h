@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -25,7 +26,7 @@ inline constexpr auto userRemovedMarker = "USER_REMOVED";
 
 struct DiagnosisFacts {
   QString jobOutput;
-  QStringList arguments;               // of the failed run, for the text of the unknown kind
+  QStringList arguments;  // of the failed run, for the text of the unknown kind
   bool disableBuiltinSubtitles = true;
   bool hasSubtitleTracks = false;
   bool hasSubtitleFile = false;
@@ -39,15 +40,20 @@ struct Diagnosis {
   bool offersReport = false;  // the first button sends a problem report
 };
 
-// The first rule of the table that holds decides. Pure.
+// The first rule of the table that holds decides. Pure; title, text and buttons in the user's
+// language.
 [[nodiscard]] Diagnosis diagnose(const DiagnosisFacts &facts);
 [[nodiscard]] FailureKind failureKindOf(const DiagnosisFacts &facts);
 
-// Whether a run that ended with status 0 failed all the same: its output says that the file could not be
-// completed.
+// Whether a run that ended with status 0 failed all the same: its output says that the file could
+// not be completed.
 [[nodiscard]] bool saysUnfinishedFile(const QString &jobOutput);
 
-// Whether a line of output matters to a diagnosis, so that it is kept in a flood.
-[[nodiscard]] bool isTellingLine(QByteArrayView line);
+// A set of the phrases that a diagnosis looks for, one bit each.
+using Phrases = quint32;
+// Which of them occur in a line of output, so that it is kept in a flood.
+[[nodiscard]] Phrases tellingPhrases(QByteArrayView line);
+// Bytes of the longest phrase.
+inline constexpr qsizetype longestTellingPhrase = 80;
 
 }  // namespace decant
