@@ -3,8 +3,12 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <chrono>
 #include <memory>
 
+#include "Alerts.h"
+#include "ChildProcess.h"
+#include "ConversionSettings.h"
 #include "Diagnosis.h"
 #include "JobState.h"
 #include "MKVFileInfo.h"
@@ -21,6 +25,7 @@ namespace decant {
 
 class JobController;
 class JobRun;
+class OwnFile;
 
 // The services that jobs use; all outlive every job.
 struct JobServices {
@@ -31,16 +36,20 @@ struct JobServices {
   KeyboardModifiers &keyboard;
   Volumes &volumes;
   Clock &clock;
-  QString toolPath;         // resources/ffmpeg
-  QString progressFolder;   // where progress files are kept; exists
+  QString toolPath;        // resources/ffmpeg
+  QString progressFolder;  // where progress files are kept; exists
+  ostrak::StopDelays stopDelays = {};
+  std::chrono::milliseconds progressInterval{1000};  // between two looks at the progress
 };
 
-// How `start` ended.
+// How `start` ended. The user has been told of everything but a launch.
 enum class StartOutcome {
   launched,
-  sourceRemoved,  // the job has failed
-  noRoom,         // the job stays queued; the user has been told
-  toolMissing,    // the job has failed; the user has been told
+  sourceRemoved,       // the job has failed
+  noRoom,              // the job stays queued
+  toolMissing,         // the job has failed
+  destinationRefused,  // the job has failed: writing there would destroy a source
+  notQueued            // nothing was done: the job is not one that waits
 };
 
 // One conversion of one probed file. Main thread.
@@ -67,6 +76,7 @@ class ConversionJob final : public QObject {
   [[nodiscard]] bool finishedError() const { return m_finishedError; }
   [[nodiscard]] bool fastmode() const { return m_fastmode; }
   [[nodiscard]] QString stateInfoString() const;
+  // Both are kept of a failed run only, until the job is removed; the arguments also while it runs.
   [[nodiscard]] const QString &jobOutput() const { return m_jobOutput; }
   [[nodiscard]] const QStringList &arguments() const { return m_arguments; }
   // Seconds of the run so far, pauses not counted; of an ended one, how long it took.
@@ -80,10 +90,18 @@ class ConversionJob final : public QObject {
   void presetSpeedInfo();
   // Prepares and launches. Only a launched job goes on to an end.
   StartOutcome start();
+  // What the user was told when the last start did not launch; null after one that did.
+  [[nodiscard]] const ostrak::Alert *startAlert() const { return m_startAlert.get(); }
+  // How the last start ended; `launched` before there was one.
+  [[nodiscard]] StartOutcome startOutcome() const { return m_startOutcome; }
   void pause();
   void continue_();
-  // Ends a running child, deletes what the job itself wrote unless it is finished, and leaves the queue.
+  // Ends a running child, deletes what the job itself wrote unless it is finished, and leaves the
+  // queue at once. Where a child has to be ended first, the files go when it has ended.
   void remove();
+  // Waits until the children of all removed jobs have ended and their files are gone; for the end
+  // of the program, needs no event loop.
+  static void finishStopping();
   // Shows the output in the file manager (the source with Shift held), or explains a failure.
   void reveal();
   // Why the job failed; only in state 4.
@@ -96,10 +114,20 @@ class ConversionJob final : public QObject {
   void stateInfoStringChanged();
 
  private:
-  friend class JobRun;
+  [[nodiscard]] StartOutcome refuse(StartOutcome outcome, const QString &message);
+  void tellStartFailure(const QString &message);
+  void taskFinished();
+  void succeed();
+  void fail(const JobRun &run);
+  void tellEnd();
+  [[nodiscard]] ostrak::Alert alertAbout(const QString &message) const;
+  void explainFailure();
+
   void setState(JobState state);
   void setProgress(double percent);
-  // see ConversionJob.cpp for the road through start and completion
+  void setFastmode(const ConversionSettings &settings);
+  [[nodiscard]] QString source() const;
+  [[nodiscard]] QString destination() const;
 
   MKVFileInfo m_fileInfo;
   quint64 m_audioTrackIndex = 0;
@@ -111,9 +139,15 @@ class ConversionJob final : public QObject {
   bool m_finishedError = false;
   bool m_fastmode = false;
   bool m_replacesDestination = false;
+  bool m_removed = false;
+  StartOutcome m_startOutcome = StartOutcome::launched;
+  double m_elapsedSeconds = 0;  // of the ended run
   QString m_jobOutput;
   QStringList m_arguments;
-  std::unique_ptr<JobRun> m_run;  // child, pipe, timer, progress file and sleep assertion while it runs
+  std::unique_ptr<ostrak::Alert> m_startAlert;
+  std::unique_ptr<JobRun>
+      m_run;  // child, pipe, timer, progress file and sleep assertion while it runs
+  std::unique_ptr<OwnFile> m_partialOutput;  // what a failed run has left
 };
 
 }  // namespace decant

@@ -27,10 +27,13 @@ class JobController {
   [[nodiscard]] virtual ConversionSettings conversionSettings() const = 0;
   [[nodiscard]] virtual CompletionSettings completionSettings() const = 0;
 
-  // A free destination name for a job that is about to start and whose name is taken by now: made unique
-  // among files and claimed names, and claimed.
+  // A free destination name for a job that is about to start and whose name is taken by now: made
+  // unique among files and claimed names, and claimed.
   [[nodiscard]] virtual QUrl claimUniqueDestination(const QUrl &wanted) = 0;
-  // Disposes of a source once it is safe (AutoRemove): only when the output is there, synced and as long.
+  // Whether the file at `path` is the source of any job in the queue, compared by device and inode.
+  [[nodiscard]] virtual bool isSource(const QString &path) const = 0;
+  // Disposes of a source once it is safe (AutoRemove): only when the output is there, synced and as
+  // long.
   virtual void disposeOfSource(const ConversionJob &job, bool deleteOutright) = 0;
 
   // Told after each change, so that counts are kept as they go.

@@ -1,0 +1,50 @@
+#include "ConversionTool.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "ConversionArguments.h"
+#include "Descriptor.h"
+#include "Format.h"
+#include "Ostrak.h"
+#include "Probe.h"
+#include "Text.h"
+
+namespace decant {
+using namespace Qt::StringLiterals;
+namespace {
+constexpr std::chrono::seconds fixupDeadline{30};
+}
+
+ostrak::ChildSetup conversionTool(const QString &path, const QStringList &arguments) {
+  return {path, arguments, toolVariablesToRemove()};
+}
+
+bool isUsableTool(const QString &path) {
+  const QByteArray name = ostrak::nativePath(path);
+  struct stat info;
+  return ::stat(name.constData(), &info) == 0 && S_ISREG(info.st_mode) && info.st_size > 0 &&
+         ::access(name.constData(), X_OK) == 0;
+}
+
+QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo) {
+  const QString text = ostrak::localized(
+      u"The file '%@' can't be converted because the tool '%@' is missing or cannot be run. Please "
+      u"install ffmpeg, or install %@ again."_s);
+  return ostrak::makeString(text, fileInfo.fileName, path,
+                            ostrak::tk ? ostrak::tk->appName() : QString());
+}
+
+bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo, quint64 audioTrackIndex,
+               const ConversionSettings &settings, const QString &destination,
+               ostrak::StopDelays delays) {
+  if (!wantsFixupTest(fileInfo, audioTrackIndex, settings)) return false;
+  const int track = trackNumber(fileInfo.audioTrackInformation.at(qsizetype(audioTrackIndex)));
+  QByteArray output;
+  const ostrak::ChildResult result =
+      ostrak::runChild(conversionTool(toolPath, fixupTestArguments(fileInfo, track, destination)),
+                       output, fixupDeadline, delays);
+  return result.end == ostrak::ChildResult::End::Exited && needsFixup(output);
+}
+
+}  // namespace decant

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "ChildProcess.h"
+#include "ConversionSettings.h"
+#include "MKVFileInfo.h"
+
+namespace decant {
+
+// How ffmpeg is called for a conversion or its one-second test.
+[[nodiscard]] ostrak::ChildSetup conversionTool(const QString &path, const QStringList &arguments);
+
+// Whether a tool at this path can be run at all: an executable file that is not empty.
+[[nodiscard]] bool isUsableTool(const QString &path);
+
+// What the user is told of one that cannot be run.
+[[nodiscard]] QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo);
+
+// Whether the chosen track, when it is copied, needs the ADTS filter: asked of the tool by a
+// conversion of one second to `destination`, which it writes over. Blocks for at most half a minute
+// and the grace of the ladder; no answer in time is a no.
+[[nodiscard]] bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo,
+                             quint64 audioTrackIndex, const ConversionSettings &settings,
+                             const QString &destination, ostrak::StopDelays delays = {});
+
+}  // namespace decant

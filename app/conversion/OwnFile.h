@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <chrono>
+#include <optional>
+
+#include "File.h"
+
+namespace decant {
+
+// A file that this program has made and that it may therefore delete again. Whatever has come to
+// its path by other hands is left alone. A value; any thread.
+class OwnFile final {
+ public:
+  enum class Creation {
+    created,
+    exists,     // something is there, even if only a symbolic link that leads nowhere
+    impossible  // no file can be made at this path
+  };
+
+  // Makes an empty file at `path`, never over another one, and owns it from then on.
+  [[nodiscard]] static Creation create(const QString &path, OwnFile &file);
+
+  [[nodiscard]] const QString &path() const { return m_path; }
+  // Whether the file is still at its path; after `seal` it must be unchanged since then, too.
+  [[nodiscard]] bool isThere() const;
+  // Nobody writes to it for us any more: a later change is another's.
+  void seal();
+  // Deletes the file if it is still ours.
+  void remove() const;
+
+ private:
+  struct Look {
+    ostrak::FileIdentity identity;
+    qint64 size = 0;
+    std::chrono::nanoseconds modified{0};
+  };
+  [[nodiscard]] static std::optional<Look> lookAt(const QString &path);
+
+  QString m_path;
+  std::optional<Look> m_look;  // as it was when made or sealed
+  bool m_sealed = false;
+};
+
+}  // namespace decant
