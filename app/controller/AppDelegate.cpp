@@ -155,7 +155,7 @@ void AppDelegate::updateWindowTitle() {
 QString AppDelegate::windowTitle() const {
   const QString status = m_queue.paused() ? localized(u" (Paused)"_s) : u" "_s;
   const qsizetype jobs = m_queue.taskArray().size();
-  const QString counts = jobs == 0 ? QString()
+  const QString counts = jobs == 0 ? u""_s
                                    : makeString(u" [%li Job(s), %li Queued]"_s, jobs,
                                                 jobCountWithState(JobStateQueued));
   return makeString(u"%@%@%@"_s, tk->appName(), status, counts);
