@@ -1,0 +1,84 @@
+#include "PrivateBus.h"
+
+#include <sys/prctl.h>
+
+#include <QFile>
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto configuration =
+    "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
+    " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+    "<busconfig><type>session</type><listen>unix:path=%1/bus</listen>\n"
+    "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>\n"
+    "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
+
+// Starts it so that it dies with the test, and returns the first line that it prints.
+QByteArray firstLine(QProcess &process, const QString &program, const QStringList &arguments) {
+  process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+  process.start(program, arguments);
+  while (!process.canReadLine() && process.waitForReadyRead()) {
+  }
+  return process.readLine().trimmed();
+}
+
+void end(QProcess &process) {
+  if (process.state() == QProcess::NotRunning) return;
+  process.kill();
+  process.waitForFinished();
+}
+
+}  // namespace
+
+PrivateBus::PrivateBus() {
+  QFile file(m_folder.filePath(u"bus.conf"_s));
+  if (!file.open(QIODevice::WriteOnly)) return;
+  file.write(QString::fromLatin1(configuration).arg(m_folder.path()).toUtf8());
+  file.close();
+  m_address = QString::fromUtf8(
+      firstLine(m_daemon, u"dbus-daemon"_s,
+                {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + file.fileName()}));
+}
+
+PrivateBus::~PrivateBus() {
+  end(m_daemon);
+}
+
+MockService::MockService(const PrivateBus &bus, const QString &script,
+                         const QStringList &arguments) {
+  const QStringList words{script, bus.address(), m_folder.filePath(u"log"_s)};
+  m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  // The mock library belongs to the system's Python, whatever else PATH has.
+  m_ready = firstLine(m_process, u"/usr/bin/python3"_s, words + arguments) == "ready";
+}
+
+MockService::~MockService() {
+  end(m_process);
+}
+
+QStringList MockService::log() const {
+  QStringList lines;
+  QFile file(m_folder.filePath(u"log"_s));
+  if (!file.open(QIODevice::ReadOnly)) return lines;
+  while (!file.atEnd()) {
+    const QString line = QString::fromUtf8(file.readLine()).trimmed();
+    lines.append(line.mid(line.indexOf(u' ') + 1));
+  }
+  return lines;
+}
+
+bool MockService::isFrozen() const {
+  QFile file(u"/proc/%1/stat"_s.arg(m_process.processId()));
+  if (!file.open(QIODevice::ReadOnly)) return false;
+  const QByteArray line = file.readAll();
+  return line.mid(line.lastIndexOf(')') + 2, 1) == "T";
+}
+
+void MockService::thaw() const {
+  // 0 would mean every process of the test's group.
+  const pid_t pid = static_cast<pid_t>(m_process.processId());
+  if (pid > 0) ::kill(pid, SIGCONT);
+}
