@@ -36,11 +36,14 @@ class CharacterSet final {
 // The characters of the set as one text, in ascending order.
 [[nodiscard]] QString stringRepresentation(const CharacterSet &set);
 
-// Both without a table, for splitting: a line break of any kind, a blank or tabulator.
+// Both without a table, for splitting: a line break of any kind, a blank or tabulator. What texts
+// are mostly made of is told by the first comparison.
 [[nodiscard]] constexpr bool isNewline(char16_t unit) {
+  if (unit > 0x0D && unit < 0x85) return false;
   return (unit >= 0x0A && unit <= 0x0D) || unit == 0x85 || unit == 0x2028 || unit == 0x2029;
 }
 [[nodiscard]] constexpr bool isWhitespace(char16_t unit) {
+  if (unit > 0x20 && unit < 0xA0) return false;
   return unit == 0x20 || unit == 0x09 || unit == 0xA0 || unit == 0x1680 ||
          (unit >= 0x2000 && unit <= 0x200A) || unit == 0x202F || unit == 0x205F || unit == 0x3000;
 }

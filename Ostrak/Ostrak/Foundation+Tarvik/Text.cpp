@@ -12,17 +12,26 @@ namespace ostrak {
 
 namespace {
 
+// Objects instead of functions, because a call through a pointer is not inlined.
+struct Newline {
+  bool operator()(char16_t unit) const { return isNewline(unit); }
+};
+struct Whitespace {
+  bool operator()(char16_t unit) const { return isWhitespace(unit); }
+};
+
 // Calls `piece` with every part of `text` between units that `separates` answers true for.
 template <typename Separates, typename Piece>
 void cut(QStringView text, Separates separates, Piece piece) {
-  qsizetype start = 0;
-  for (qsizetype at = 0; at < text.size(); ++at) {
-    if (separates(text[at].unicode())) {
-      piece(text.sliced(start, at - start));
+  const char16_t *start = text.utf16();
+  const char16_t *const end = start + text.size();
+  for (const char16_t *at = start; at != end; ++at) {
+    if (separates(*at)) {
+      piece(QStringView(start, at));
       start = at + 1;
     }
   }
-  piece(text.sliced(start));
+  piece(QStringView(start, end));
 }
 
 template <typename Separates>
@@ -84,19 +93,19 @@ QString homeOf(const QString &user) {
 }  // namespace
 
 QStringList lines(const QString &text) {
-  return textsBetween(text, isNewline);
+  return textsBetween(text, Newline{});
 }
 
 QList<QStringView> lineViews(QStringView text) {
-  return viewsBetween(text, isNewline);
+  return viewsBetween(text, Newline{});
 }
 
 QStringList words(const QString &text) {
-  return textsBetween(text, isWhitespace);
+  return textsBetween(text, Whitespace{});
 }
 
 QList<QStringView> wordViews(QStringView text) {
-  return viewsBetween(text, isWhitespace);
+  return viewsBetween(text, Whitespace{});
 }
 
 QStringList split(const QString &text, const QString &separator) {
@@ -146,7 +155,7 @@ QStringView trimmedOfWhitespaceAndNewlines(QStringView text) {
 }
 
 QString trimmedOfWhitespace(const QString &text) {
-  return trimmed(text, isWhitespace).toString();
+  return trimmed(text, Whitespace{}).toString();
 }
 
 QString stringByTrimmingLeadingCharactersInSet(const QString &text, const CharacterSet &set) {
