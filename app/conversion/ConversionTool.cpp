@@ -12,10 +12,6 @@
 
 namespace decant {
 using namespace Qt::StringLiterals;
-namespace {
-constexpr std::chrono::seconds fixupDeadline{30};
-}
-
 ostrak::ChildSetup conversionTool(const QString &path, const QStringList &arguments) {
   return {path, arguments, toolVariablesToRemove()};
 }
@@ -37,13 +33,13 @@ QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo) {
 
 bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo, quint64 audioTrackIndex,
                const ConversionSettings &settings, const QString &destination,
-               ostrak::StopDelays delays) {
+               ostrak::StopDelays delays, std::chrono::milliseconds deadline) {
   if (!wantsFixupTest(fileInfo, audioTrackIndex, settings)) return false;
   const int track = trackNumber(fileInfo.audioTrackInformation.at(qsizetype(audioTrackIndex)));
+  const QStringList arguments = fixupTestArguments(fileInfo, track, destination);
   QByteArray output;
   const ostrak::ChildResult result =
-      ostrak::runChild(conversionTool(toolPath, fixupTestArguments(fileInfo, track, destination)),
-                       output, fixupDeadline, delays);
+      ostrak::runChild(conversionTool(toolPath, arguments), output, deadline, delays);
   return result.end == ostrak::ChildResult::End::Exited && needsFixup(output);
 }
 

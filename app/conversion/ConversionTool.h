@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <chrono>
 
 #include "ChildProcess.h"
 #include "ConversionSettings.h"
@@ -19,10 +20,11 @@ namespace decant {
 [[nodiscard]] QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo);
 
 // Whether the chosen track, when it is copied, needs the ADTS filter: asked of the tool by a
-// conversion of one second to `destination`, which it writes over. Blocks for at most half a minute
+// conversion of one second to `destination`, which it writes over. Blocks for at most the deadline
 // and the grace of the ladder; no answer in time is a no.
 [[nodiscard]] bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo,
                              quint64 audioTrackIndex, const ConversionSettings &settings,
-                             const QString &destination, ostrak::StopDelays delays = {});
+                             const QString &destination, ostrak::StopDelays delays = {},
+                             std::chrono::milliseconds deadline = std::chrono::seconds(30));
 
 }  // namespace decant

@@ -4,7 +4,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include "Descriptor.h"
+#include "ConversionTool.h"
+#include "Exceptions.h"
 #include "JobBench.h"
 
 using namespace Qt::StringLiterals;
@@ -197,6 +198,36 @@ class TestJobStart final : public QObject {
     QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     QCOMPARE(job.state(), JobStateFailed);
     QVERIFY(job.jobOutput().contains(u"Permission denied"_s));
+  }
+
+  // An answer that comes with no end in sight is none, and the tool does not outlive the question.
+  void theFixupTestIsGivenUp() {
+    JobBench bench;
+    bench.scenario.fixup().ignoreTerm().printError("aac_adtstoasc\n").hang();
+    QVERIFY(bench.scenario.write());
+    MKVFileInfo info = bench.record();
+    info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
+    // Whether the tool on a busy machine has printed its words by then or not: it is the same.
+    const std::chrono::milliseconds deadline(300);
+    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, {}, bench.outputPath(u"test.m4v"_s),
+                       {std::chrono::milliseconds(20)}, deadline));
+    QVERIFY(!bench.anyChildAlive());
+  }
+
+  // What cannot be launched after the test of one second leaves nothing of it.
+  void aListThatCannotBeBuiltLeavesNothing() {
+    JobBench bench;
+    bench.controller.settings.IncludeSurroundTrack = true;
+    bench.controller.settings.AC3SurroundBitrate = 9;
+    MKVFileInfo info = bench.record();
+    info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}, {u"#2: eng (dts) [5.1]"_s, 48000}};
+    ConversionJob &job = bench.addJob(info);
+    QVERIFY_THROWS_EXCEPTION(ostrak::RangeError, std::ignore = job.start());
+    QCOMPARE(bench.scenario.arguments(u"fixup"_s).size(), 1);
+    QVERIFY(bench.outputs().isEmpty());
+    QVERIFY(bench.progressFiles().isEmpty());
+    QCOMPARE(bench.inhibitor.held(), 0);
+    QCOMPARE(job.state(), JobStateQueued);
   }
 
   void theProgressFileIsUnique() {
