@@ -48,7 +48,10 @@ ChildLaunch::ChildLaunch(const ChildSetup &setup) : m_parent(::getpid()) {
   m_reportWrite = Descriptor(ends[1]);
 }
 
-void ChildLaunch::becomeTool() const {
+// The child may share its parent's memory until it becomes the tool (vfork), and with it the
+// address sanitizer's idea of the stack, which is never put right for a function that does not
+// return.
+[[gnu::no_sanitize_address]] void ChildLaunch::becomeTool() const {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   // The parent may have died before the line above.
   if (::getppid() != m_parent) ::_exit(127);

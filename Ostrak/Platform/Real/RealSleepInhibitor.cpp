@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QPointer>
 #include <chrono>
+#include <vector>
 
 #include "Logging.h"
 #include "SleepRequest.h"
@@ -114,8 +115,9 @@ RealSleepInhibitor::~RealSleepInhibitor() {
   });
   if (m_thread->wait(std::chrono::seconds(2))) return;
   // It hangs in a bus that does not answer; the end of the process takes it along.
-  std::ignore = m_thread.release();
-  std::ignore = new std::shared_ptr<Requests>(m_requests);
+  using Abandoned = std::pair<std::unique_ptr<QThread>, std::shared_ptr<Requests>>;
+  static auto &abandoned = *new std::vector<Abandoned>;
+  abandoned.emplace_back(std::move(m_thread), std::move(m_requests));
 }
 
 std::unique_ptr<SleepAssertion> RealSleepInhibitor::inhibit(const QString &reason) {
