@@ -41,6 +41,7 @@ constexpr std::array<std::string_view, 10> phrases{
     "Error writing trailer",
     "Error closing file",
 };
+constexpr size_t shortestPhrase = std::ranges::min(phrases, {}, &std::string_view::size).size();
 static_assert(std::ranges::all_of(phrases, [](std::string_view phrase) {
   return qsizetype(phrase.size()) <= longestTellingPhrase;
 }));
@@ -173,6 +174,7 @@ QString failureKindName(FailureKind kind) {
 Phrases tellingPhrases(QByteArrayView line) {
   const std::string_view text(line.data(), size_t(line.size()));
   Phrases found = 0;
+  if (text.size() < shortestPhrase) return found;
   for (unsigned index = 0; index < phrases.size(); ++index)
     if (text.find(phrases[index]) != std::string_view::npos) found |= bit(Phrase(index));
   return found;

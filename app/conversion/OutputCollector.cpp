@@ -36,9 +36,14 @@ void appendAsAscii(QString &text, QByteArrayView bytes) {
 void OutputCollector::add(QByteArrayView bytes) {
   for (;;) {
     const qsizetype length = lengthOfLine(bytes);
-    addToLine(bytes.first(length));
-    if (length == bytes.size()) return;
-    endLine();
+    const QByteArrayView line = bytes.first(length);
+    if (length == bytes.size()) return addToLine(line);
+    if (m_line.isEmpty() && length < lineLimit) {
+      takeLine(line);
+    } else {
+      addToLine(line);
+      endLine();
+    }
     bytes = bytes.sliced(length + 1);
   }
 }
@@ -53,7 +58,8 @@ void OutputCollector::finish(QByteArrayView rest) {
   while (!rest.isEmpty()) {
     const qsizetype length = std::min(lengthOfLine(rest) + 1, rest.size());
     addToLine(rest.first(length));
-    appendLine(m_line.size());
+    appendLine(m_line, m_line.size());
+    m_line.resize(0);
     rest = rest.sliced(length);
   }
 }
@@ -78,26 +84,29 @@ void OutputCollector::addToLine(QByteArrayView bytes) {
     const qsizetype taken = std::min(bytes.size(), lineLimit - m_line.size());
     m_line.append(bytes.first(taken));
     bytes = bytes.sliced(taken);
-    if (m_line.size() == lineLimit) appendLine(lineLimit - overlap);
+    if (m_line.size() < lineLimit) return;
+    appendLine(m_line, lineLimit - overlap);
+    m_line.remove(0, lineLimit - overlap);
   }
 }
 
 void OutputCollector::endLine() {
-  if (isStatistics(m_line))
-    m_line.resize(0);
-  else
-    appendLine(m_line.size());
+  takeLine(m_line);
+  m_line.resize(0);
 }
 
-// Appends the beginning of the line; what is left of it waits on.
-void OutputCollector::appendLine(qsizetype length) {
-  const Phrases unseen = tellingPhrases(m_line) & ~m_seen;
+void OutputCollector::takeLine(QByteArrayView line) {
+  if (!line.isEmpty() && !isStatistics(line)) appendLine(line, line.size());
+}
+
+// Appends the beginning of a line, and notes what the line tells.
+void OutputCollector::appendLine(QByteArrayView line, qsizetype length) {
+  const Phrases unseen = tellingPhrases(line) & ~m_seen;
   if (unseen) {
-    m_noted.append({m_appended + m_line.size(), m_line});
+    m_noted.append({m_appended + line.size(), line.toByteArray()});
     m_seen |= unseen;
   }
-  append(QByteArrayView(m_line).first(length));
-  m_line.remove(0, length);
+  append(line.first(length));
 }
 
 void OutputCollector::append(QByteArrayView bytes) {

@@ -38,7 +38,8 @@ class OutputCollector final {
 
   void addToLine(QByteArrayView bytes);
   void endLine();
-  void appendLine(qsizetype length);
+  void takeLine(QByteArrayView line);
+  void appendLine(QByteArrayView line, qsizetype length);
   void append(QByteArrayView bytes);
 
   QByteArray m_line;  // waits for its end
