@@ -8,8 +8,9 @@
 namespace ostrak {
 
 AlertQueue &AlertQueue::instance() {
-  static AlertQueue queue;
-  return queue;
+  // Never destroyed: a thread that outlives the program's end may still post.
+  static auto *queue = new AlertQueue;
+  return *queue;
 }
 
 int AlertQueue::present(Alert &alert) {

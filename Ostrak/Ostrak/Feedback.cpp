@@ -33,8 +33,9 @@ Alert feedbackAlert(const QString &message, const QString &details, bool fatal) 
   return made;
 }
 
-// The report's link; empty when its facts cannot be gathered.
+// The report's link; empty when its facts cannot be gathered, or no more.
 QString feedbackLink(const QString &message, const QString &details, bool fatal) {
+  if (!tk) return {};
   try {
     SupportFacts facts = SupportFacts::ofProgram();
     facts.preferences = SupportFacts::readPreferences();

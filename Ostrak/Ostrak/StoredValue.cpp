@@ -90,7 +90,7 @@ QVariant fromJson(const QJsonValue &value) {
     case QJsonValue::Array: {
       QVariantList list;
       const QJsonArray array = value.toArray();
-      for (const QJsonValue &element : array)
+      for (const QJsonValueConstRef element : array)
         list.append(fromJson(element));
       return list;
     }
