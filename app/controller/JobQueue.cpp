@@ -3,21 +3,22 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 #include "ConversionJob.h"
 
 namespace decant {
 
+class JobQueue::Leaving final : public QObject {
+ public:
+  // The queue owns it: where no event loop runs any more, it goes with the queue.
+  explicit Leaving(JobQueue *queue) : QObject(queue) {}
+  std::vector<std::unique_ptr<ConversionJob>> jobs;
+};
+
 JobQueue::JobQueue(QObject *parent) : QObject(parent) {}
 
-JobQueue::~JobQueue() {
-  // Their event loop may never run again, and a job that is not deleted leaves its child running.
-  const std::unordered_set<ConversionJob *> leaving = std::exchange(m_leaving, {});
-  for (ConversionJob *job : leaving) {
-    job->disconnect(this);
-    delete job;
-  }
-}
+JobQueue::~JobQueue() = default;
 
 qsizetype JobQueue::indexOf(const ConversionJob &job) const {
   const auto found = m_entries.find(&job);
@@ -65,12 +66,13 @@ void JobQueue::take(ConversionJob &job) {
   Q_EMIT aboutToRemove(place);
   const auto found = m_entries.find(&job);
   index(found->second.state).erase(found->second.number);
-  ConversionJob *const leaving = found->second.job.release();
+  if (!m_leaving) {
+    m_leaving = new Leaving(this);
+    m_leaving->deleteLater();
+  }
+  m_leaving->jobs.push_back(std::move(found->second.job));
   m_entries.erase(found);
   m_taskArray.removeAt(place);
-  m_leaving.insert(leaving);
-  connect(leaving, &QObject::destroyed, this, [this, leaving] { m_leaving.erase(leaving); });
-  leaving->deleteLater();
   Q_EMIT removed(place);
   Q_EMIT countsChanged();
 }

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <array>
 #include <map>
 #include <memory>
@@ -88,7 +89,10 @@ class JobQueue final : public QObject {
   std::unordered_map<const ConversionJob *, Entry> m_entries;
   std::array<Index, jobStateCount> m_byState;
   QList<ConversionJob *> m_taskArray;
-  std::unordered_set<ConversionJob *> m_leaving;  // taken out, not yet deleted
+  // Jobs that were taken out and go together when the running handler is done: each by itself would
+  // cost a look through all that wait for the same.
+  class Leaving;
+  QPointer<Leaving> m_leaving;
   Number m_top = 0;
   Number m_bottom = 1;
   bool m_paused = false;

@@ -181,6 +181,7 @@ void TestDrain::endStartsNothing() {
   m_p->add(u"1slow.mkv"_s);
   for (int i = 2; i < 20; ++i)
     m_p->add(QString::number(i) + u".mkv"_s);
+  QTRY_COMPARE(m_p->scenario.calls().size(), 1);
   m_p->controller->applicationWillTerminate();
   QCOMPARE(m_p->converted(), QStringList(u"1slow.mkv"_s));
 }
