@@ -43,8 +43,18 @@ QString asPrinted(QString path) {
   return path;
 }
 
-bool endsLineAnywhere(QChar c) {
-  return c == u'\v' || c == u'\f' || c == QChar(0x85) || c == QChar(0x2028) || c == QChar(0x2029);
+bool isLineBreak(char16_t c) {
+  if (c < 0x20) return c >= u'\n' && c <= u'\r';
+  return c == 0x85 || c == 0x2028 || c == 0x2029;
+}
+
+// Line breaks that the tool prints only as part of what it read from the file.
+bool isForeignLineBreak(char16_t c) {
+  return isLineBreak(c) && c != u'\n' && c != u'\r';
+}
+
+const QChar *endOfLine(QStringView text) {
+  return std::find_if(text.begin(), text.end(), [](QChar c) { return isLineBreak(c.unicode()); });
 }
 
 }  // namespace
@@ -114,13 +124,11 @@ bool isTagLine(QStringView trimmedLine) {
 
 bool ReportLines::next(QStringView &line) {
   if (m_atEnd) return false;
-  const auto lineFeed =
-      std::find_if(m_rest.begin(), m_rest.end(), [](QChar c) { return c == u'\n' || c == u'\r'; });
-  auto end = lineFeed;
-  const auto unusual = std::find_if(m_rest.begin(), lineFeed, endsLineAnywhere);
-  if (unusual != lineFeed) {
-    const QStringView whole(m_rest.begin(), lineFeed);
-    if (!isTagLine(whole.trimmed())) end = unusual;
+  const QChar *end = endOfLine(m_rest);
+  if (end != m_rest.end() && isForeignLineBreak(end->unicode())) {
+    const QChar *lineFeed =
+        std::find_if(end, m_rest.end(), [](QChar c) { return c == u'\n' || c == u'\r'; });
+    if (isTagLine(QStringView(m_rest.begin(), lineFeed).trimmed())) end = lineFeed;
   }
   line = QStringView(m_rest.begin(), end);
   m_atEnd = end == m_rest.end();
