@@ -201,18 +201,23 @@ class TestOutputCollector : public QObject {
     QVERIFY(text.contains(QString::fromLatin1(phrase)));
   }
 
-  // The phrase stands at every place around that at which a long line is cut into pieces: the
-  // first, the one where the head ends, and one that falls out.
+  // The phrase stands at every place around that at which a long line is cut into pieces, whether
+  // these overlap or not: the first, the one where the head ends, and one that falls out.
+  void phrasesOfAnEndlessLineAreNeverTorn_data() {
+    QTest::addColumn<qsizetype>("cut");
+    const qsizetype limit = OutputCollector::lineLimit;
+    for (const qsizetype step : {limit, limit - (longestTellingPhrase - 1)}) {
+      for (const qsizetype piece : {qsizetype(1), OutputCollector::headLimit / step, qsizetype(12)})
+        QTest::addRow("piece %d of %d", int(piece), int(step)) << piece * step;
+    }
+  }
   void phrasesOfAnEndlessLineAreNeverTorn() {
+    QFETCH(qsizetype, cut);
     const QByteArray phrase = "No space left on device";
-    const qsizetype step = OutputCollector::lineLimit - (longestTellingPhrase - 1);
-    for (const qsizetype piece : {qsizetype(1), OutputCollector::headLimit / step, qsizetype(12)}) {
-      const qsizetype cut = piece * step;
-      for (qsizetype at = cut - phrase.size() - 1; at <= cut + 1; ++at) {
-        const QByteArray output = QByteArray(at, '.') + phrase + QByteArray(kept, '.');
-        if (!textOf(output, 50'000).contains(QString::fromLatin1(phrase)))
-          QFAIL(qPrintable(u"torn at %1"_s.arg(at)));
-      }
+    for (qsizetype at = cut - phrase.size() - 1; at <= cut + 1; ++at) {
+      const QByteArray output = QByteArray(at, '.') + phrase + QByteArray(kept, '.');
+      if (!textOf(output, 50'000).contains(QString::fromLatin1(phrase)))
+        QFAIL(qPrintable(u"torn at %1"_s.arg(at)));
     }
   }
 
