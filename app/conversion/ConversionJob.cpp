@@ -28,6 +28,14 @@ QString sleepReason() {
   return ostrak::localized(u"Converting MKV file."_s);
 }
 
+// For the log.
+QString howItEnded(const ostrak::ChildResult &result) {
+  if (!result.error.isEmpty()) return result.error;
+  if (result.signal != 0) return ostrak::makeString(u"signal %i"_s, result.signal);
+  if (result.exitStatus != 0) return ostrak::makeString(u"status %i"_s, result.exitStatus);
+  return u"status 0, but the output is not complete"_s;
+}
+
 }  // namespace
 
 ConversionJob::ConversionJob(MKVFileInfo fileInfo, quint64 audioTrackIndex, JobController &ad,
@@ -196,8 +204,7 @@ void ConversionJob::fail(const JobRun &run) {
       tellStartFailure(toolMissingText(m_services.toolPath, m_fileInfo));
     }
   }
-  ostrak::tk_log_level(3, u"Error: converting %@ failed with status %i, signal %i"_s, source(),
-                       run.result().exitStatus, run.result().signal);
+  ostrak::tk_log_level(3, u"Error: converting %@ failed: %@"_s, source(), howItEnded(run.result()));
   m_finishedError = true;
   setState(JobStateFailed);
   const Diagnosis found = diagnosis();

@@ -162,6 +162,7 @@ class TestJobEnd final : public QObject {
                             u"increaseUsages 1 1"_s};
     QTRY_COMPARE_WITH_TIMEOUT(bench.controller.calls, calls, 30'000);
     QVERIFY(QFile::exists(bench.program.path(u"in/movie.mkv"_s)));
+    QVERIFY(bench.program.logged().last().endsWith(u"in/movie.mkv failed: status 1"_s));
   }
 
   void quitsOnlyWhenNothingRunsAndNothingFailed_data() {
