@@ -74,6 +74,8 @@ DecantProgram::DecantProgram() {
   copyOrDie(QStringLiteral(DECANT_BUNDLE_DIR "/resources/Info.json"),
             m_folder.filePath(u"bundle/resources/Info.json"_s));
   setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  // An empty one makes the tool note its calls.
+  if (!scenario().write()) qFatal("cannot write the scenario");
   m_environment = QProcessEnvironment::systemEnvironment();
   for (const auto name : {"DISPLAY"_L1, "WAYLAND_DISPLAY"_L1, "LANGUAGE"_L1, "LC_ALL"_L1,
                           "LC_MESSAGES"_L1, "XDG_RUNTIME_DIR"_L1})

@@ -1,0 +1,317 @@
+#include <QtTest>
+
+#include "DecantProgram.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList pathsIn(const QList<QJsonObject> &events, QLatin1StringView key) {
+  QStringList paths;
+  for (const QJsonObject &event : events)
+    paths.append(event.value(key).toString());
+  return paths;
+}
+
+// What the conversions were called with.
+QStringList conversionOf(const DecantProgram &program, qsizetype index = 0) {
+  return program.scenario().arguments(u"conversion"_s).value(index);
+}
+
+}  // namespace
+
+class TestCliConvert final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void runsInOrderNextToTheSources();
+  void firstConversionRunsBesideLaterProbes();
+  void intoAFolder();
+  void nothingIsOverwritten();
+  void settingsOfTheRun();
+  void storedSettingsThatDoNotCount();
+  void audioTrack();
+  void namedSubtitle();
+  void subtitlesAmongTheFiles();
+  void missingSubtitles();
+  void folders();
+  void folderItself();
+  void oddNames_data();
+  void oddNames();
+  void invalidNamesInAFolder();
+  void sameFileTwice();
+  void countsUsages();
+  void autoRemoveIsWaitedFor();
+};
+
+void TestCliConvert::runsInOrderNextToTheSources() {
+  const DecantProgram program;
+  for (const auto name : {"b.mkv"_L1, "a.mkv"_L1, "c/c.MP4"_L1})
+    program.file(name);
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--json"_s, u"b.mkv"_s, u"a.mkv"_s, u"./c/c.MP4"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.error, QByteArray());
+  QCOMPARE(pathsIn(outcome.events(u"started"_s), "source"_L1),
+           (QStringList{program.path(u"b.mkv"_s), program.path(u"a.mkv"_s),
+                        program.path(u"./c/c.MP4"_s)}));
+  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+           (QStringList{program.path(u"b.m4v"_s), program.path(u"a.m4v"_s),
+                        program.path(u"./c/c.m4v"_s)}));
+  QList<int> numbers;
+  for (const QJsonObject &event : outcome.events(u"finished"_s))
+    numbers.append(event.value("job"_L1).toInt());
+  QCOMPARE(numbers, (QList<int>{1, 2, 3}));
+  QCOMPARE(outcome.story().last(), u"summary 3 0"_s);
+  QVERIFY(program.files().contains(u"c/c.m4v"_s));
+}
+
+void TestCliConvert::firstConversionRunsBesideLaterProbes() {
+  const DecantProgram program;
+  for (const auto name : {"a.mkv"_L1, "b.mkv"_L1})
+    program.file(name);
+  const Scenario scenario = program.scenario();
+  // The second probe ends only when the first conversion has begun, and that only after the probe.
+  Scenario(scenario)
+      .probe(u"b.mkv"_s)
+      .wait(u"converting"_s)
+      .announce(u"probed"_s)
+      .defaultReport()
+      .conversion(u"a.mkv"_s)
+      .announce(u"converting"_s)
+      .wait(u"probed"_s)
+      .write();
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"b.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  const QStringList story = outcome.story();
+  QCOMPARE(story.first(2), (QStringList{u"queued 1"_s, u"started 1"_s}));
+  QCOMPARE(story.last(), u"summary 2 0"_s);
+}
+
+void TestCliConvert::intoAFolder() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--json"_s, u"-o"_s, u"new/out/"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+           QStringList{program.path(u"new/out/a.m4v"_s)});
+  QCOMPARE(program.files(),
+           (QStringList{u"a.mkv"_s, u"new/"_s, u"new/out/"_s, u"new/out/a.m4v"_s}));
+}
+
+void TestCliConvert::nothingIsOverwritten() {
+  const DecantProgram program;
+  for (const auto name : {"1/a.mkv"_L1, "2/a.mp4"_L1})
+    program.file(name);
+  program.file(u"out/a.m4v"_s, "mine");
+  const DecantOutcome outcome = program.run(
+      {u"convert"_s, u"--json"_s, u"-o"_s, u"out"_s, u"1/a.mkv"_s, u"2/a.mp4"_s, u"out/a.m4v"_s});
+  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+           (QStringList{program.path(u"out/a-0.m4v"_s), program.path(u"out/a-1.m4v"_s)}));
+  QFile mine(program.path(u"out/a.m4v"_s));
+  QVERIFY(mine.open(QIODevice::ReadOnly));
+  QCOMPARE(mine.readAll(), QByteArray("mine"));
+}
+
+void TestCliConvert::settingsOfTheRun() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--set"_s, u"DefaultExtension=0"_s, u"--set"_s,
+                   u"ProduceStreamableFiles=1"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QVERIFY(program.files().contains(u"a.mp4"_s));
+  QVERIFY(conversionOf(program).contains(u"faststart"_s));
+  for (const char *key : {"DefaultExtension", "ProduceStreamable", "InsertJobs", "AutoAdd"})
+    QVERIFY2(!program.settings().contains(key), key);
+  QCOMPARE(program.run({u"convert"_s, u"a.mkv"_s}).status, 0);
+  QVERIFY(program.files().contains(u"a.m4v"_s));
+}
+
+void TestCliConvert::storedSettingsThatDoNotCount() {
+  const DecantProgram program;
+  for (const auto name : {"a.mkv"_L1, "b.mkv"_L1})
+    program.file(name);
+  for (const auto key : {"AutoAdd"_L1, "AutoClean"_L1, "QuitAfterConversion"_L1})
+    QCOMPARE(program.run({u"settings"_s, u"set"_s, key, u"1"_s}).status, 0);
+  QCOMPARE(program.run({u"settings"_s, u"set"_s, u"DefaultDestination"_s, u"1"_s}).status, 0);
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"b.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.story().last(), u"summary 2 0"_s);
+  QVERIFY(program.settings().contains("AutoClean=1"));
+}
+
+void TestCliConvert::audioTrack() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"one.mkv"_s);
+  program.scenario()
+      .probe(u"/a.mkv"_s)
+      .reportText(
+          "  Duration: 00:00:10.00, start: 0.0, bitrate: 1 kb/s\n"
+          "  Stream #0:0: Video: h264, yuv420p, 320x240\n"
+          "  Stream #0:3(eng): Audio: ac3, 48000 Hz, stereo, fltp\n"
+          "  Stream #0:5(ger): Audio: ac3, 48000 Hz, stereo, fltp\n")
+      .write();
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--json"_s, u"--audio"_s, u"5"_s, u"one.mkv"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.story(), (QStringList{u"failed refused"_s, u"queued 1"_s, u"started 1"_s,
+                                         u"finished 1"_s, u"summary 1 1"_s}));
+  const QJsonObject failed = outcome.events(u"failed"_s).first();
+  QCOMPARE(failed.value("source"_L1), program.path(u"one.mkv"_s));
+  QVERIFY(failed.value("text"_L1).toString().contains(u"#5"_s));
+  QVERIFY(failed.value("text"_L1).toString().contains(u"#1: eng (aac)"_s));
+  QVERIFY(conversionOf(program).contains(u"0:5"_s));
+  QVERIFY(!conversionOf(program).contains(u"0:3"_s));
+}
+
+void TestCliConvert::namedSubtitle() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"a.srt"_s);
+  program.file(u"other.srt"_s);
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--subtitle"_s, u"other.srt"_s, u"a.srt"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QVERIFY(conversionOf(program).contains(program.path(u"other.srt"_s)));
+  QVERIFY(!conversionOf(program).contains(program.path(u"a.srt"_s)));
+}
+
+void TestCliConvert::subtitlesAmongTheFiles() {
+  const DecantProgram program;
+  for (const auto name :
+       {"a.mkv"_L1, "a.en.srt"_L1, "a.srt"_L1, "b.mkv"_L1, "b.sub"_L1, "z.srt"_L1})
+    program.file(name);
+  program.file(u"pictures.sub"_s, QByteArray::fromHex("000001ba00"));
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"b.mkv"_s, u"a.en.srt"_s, u"a.srt"_s,
+                   u"b.sub"_s, u"z.srt"_s, u"pictures.sub"_s});
+  // Known before the first movie, although they come after it; the exact stem goes first.
+  QVERIFY(conversionOf(program, 0).contains(program.path(u"a.srt"_s)));
+  QVERIFY(conversionOf(program, 1).contains(program.path(u"b.sub"_s)));
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(pathsIn(outcome.events(u"failed"_s), "source"_L1),
+           QStringList{program.path(u"pictures.sub"_s)});
+  QCOMPARE(outcome.story().last(), u"summary 2 1"_s);
+}
+
+void TestCliConvert::missingSubtitles() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  // The movie without the subtitles that were asked for would not be what was asked for.
+  const DecantOutcome named =
+      program.run({u"convert"_s, u"--json"_s, u"--subtitle"_s, u"gone.srt"_s, u"a.mkv"_s});
+  QCOMPARE(named.status, 1);
+  QCOMPARE(named.story(), (QStringList{u"failed refused"_s, u"summary 0 1"_s}));
+  QVERIFY(named.output.contains("gone.srt"));
+  const DecantOutcome among = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"gone.srt"_s});
+  QCOMPARE(among.status, 1);
+  QCOMPARE(among.story().last(), u"summary 1 1"_s);
+}
+
+void TestCliConvert::folders() {
+  const DecantProgram program;
+  for (const auto name :
+       {"s/b.mkv"_L1, "s/B.mkv"_L1, "s/a/2.mkv"_L1, "s/a/10.mkv"_L1, "s/a.mkv"_L1, "s/a/2.srt"_L1,
+        "s/notes.txt"_L1, "s/.hidden.mkv"_L1, "s/.git/x.mkv"_L1, "elsewhere/e.mkv"_L1})
+    program.file(name);
+  QFile::link(program.path(u"elsewhere"_s), program.path(u"s/link"_s));
+  QFile::link(program.path(u"s"_s), program.path(u"s/a/loop"_s));
+  QFile::link(program.path(u"elsewhere/e.mkv"_s), program.path(u"s/e.mkv"_s));
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--json"_s, u"-r"_s, u"-o"_s, u"out"_s, u"s/"_s});
+  QCOMPARE(outcome.status, 0);
+  QStringList expected;
+  for (const auto name :
+       {"s/B.mkv"_L1, "s/a.mkv"_L1, "s/a/10.mkv"_L1, "s/a/2.mkv"_L1, "s/b.mkv"_L1, "s/e.mkv"_L1})
+    expected.append(program.path(name));
+  QCOMPARE(pathsIn(outcome.events(u"started"_s), "source"_L1), expected);
+  QVERIFY(conversionOf(program, 3).contains(program.path(u"s/a/2.srt"_s)));
+}
+
+void TestCliConvert::folderItself() {
+  const DecantProgram program;
+  program.file(u"s/a.mkv"_s);
+  program.file(u"b.mkv"_s);
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"s"_s, u"b.mkv"_s});
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.story().first(), u"failed refused"_s);
+  QCOMPARE(outcome.story().last(), u"summary 1 1"_s);
+  QVERIFY(outcome.events(u"failed"_s).first().value("text"_L1).toString().contains(u"-r"_s));
+  QCOMPARE(program.run({u"convert"_s, u"s"_s}).status, 1);
+}
+
+void TestCliConvert::oddNames_data() {
+  QTest::addColumn<QString>("stem");
+  for (const QString &stem : {u"it's \"odd\""_s, u"two\nlines"_s, u"100%n%41%s%@"_s, u"-dash"_s,
+                              u"file:x"_s, u"pipe:1"_s, u" "_s, u"Größe 映画 🎬"_s, u"\ufeffmark"_s,
+                              u"a?b#c&d;e"_s, u"back\\slash"_s, u"\x1b[2J"_s, QString(240, u'x')})
+    QTest::newRow(qPrintable(stem.left(20))) << stem;
+}
+
+void TestCliConvert::oddNames() {
+  QFETCH(const QString, stem);
+  const DecantProgram program;
+  const QString source = program.file(stem + u".mkv"_s);
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--"_s, QString(stem + u".mkv"_s)});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.output.count('\n'), 2);
+  const QString made = stem + u".m4v"_s;
+  QVERIFY(program.files().contains(made));
+  QVERIFY(conversionOf(program).contains(source));
+  QCOMPARE(conversionOf(program).last(), program.path(made));
+}
+
+void TestCliConvert::invalidNamesInAFolder() {
+  const DecantProgram program;
+  program.file(u"s/a.mkv"_s);
+  const DecantOutcome outcome = program.shell(
+      "name=s/$'b\\xff''b.mkv'; cp s/a.mkv $name; mkdir -p s/$'\\xfe'; "
+      "cp s/a.mkv s/$'\\xfe'/c.mkv; cp s/a.mkv s/d.mkv; $decant convert --json -r s; status=$?; "
+      "rm -r $name s/$'\\xfe'; exit $status");
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.story().last(), u"summary 2 2"_s);
+  const QList<QJsonObject> failed = outcome.events(u"failed"_s);
+  QVERIFY(failed.at(0).value("text"_L1).toString().contains(u"s/b\\xffb.mkv"_s));
+  QVERIFY(failed.at(1).value("text"_L1).toString().contains(u"s/\\xfe/c.mkv"_s));
+}
+
+void TestCliConvert::sameFileTwice() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"./a.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+           (QStringList{program.path(u"a.m4v"_s), program.path(u"./a-0.m4v"_s)}));
+}
+
+void TestCliConvert::countsUsages() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"b.mkv"_s);
+  program.scenario().conversion(u"b.mkv"_s).exit(1).write();
+  QCOMPARE(program.run({u"convert"_s, u"a.mkv"_s, u"b.mkv"_s}).status, 1);
+  QVERIFY(program.settings().contains("\nconvertedFileCount=2"));
+  QVERIFY(program.settings().contains("\nostrak_usages=2"));
+}
+
+void TestCliConvert::autoRemoveIsWaitedFor() {
+  const DecantProgram program;
+  for (const auto name : {"a.mkv"_L1, "b.mkv"_L1})
+    program.file(name);
+  // Only the output of the first is as long as its source.
+  program.scenario()
+      .probe(u"b.m4v"_s)
+      .reportText("  Duration: 00:00:01.00, start: 0.0, bitrate: 1 kb/s\n")
+      .write();
+  const DecantOutcome outcome =
+      program.run({u"convert"_s, u"--set"_s, u"AutoRemove=1"_s, u"--set"_s, u"AutoRemoveType=1"_s,
+                   u"a.mkv"_s, u"b.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(program.files(), (QStringList{u"a.m4v"_s, u"b.m4v"_s, u"b.mkv"_s}));
+}
+
+QTEST_GUILESS_MAIN(TestCliConvert)
+#include "tst_cli_convert.moc"
