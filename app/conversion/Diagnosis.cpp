@@ -17,6 +17,7 @@ namespace {
 enum Phrase : unsigned {
   NoSpaceLeft,
   TimedOut,
+  ConnectionTimedOut,
   BadDescriptor,
   ReadError,
   DecodingError,
@@ -29,9 +30,10 @@ enum Phrase : unsigned {
 
 // ffmpeg's stream numbers are those of the output here, where the video always comes first: a
 // number other than 0 is the sound or a subtitle.
-constexpr std::array<std::string_view, 10> phrases{
+constexpr std::array<std::string_view, 11> phrases{
     "No space left on device",
     "Operation timed out",
+    "Connection timed out",  // what this system says instead
     "Bad file descriptor",
     "Read error at pos",
     "Error while decoding stream",
@@ -73,7 +75,10 @@ constexpr std::array rules{
     FailureRule{FailureKind::noSpace,
                 [](const Evidence &e) { return hasAny(e, bit(NoSpaceLeft)); }},
     FailureRule{FailureKind::unreliableDisk,
-                [](const Evidence &e) { return hasAny(e, bit(TimedOut) | bit(BadDescriptor)); }},
+                [](const Evidence &e) {
+                  return return hasAny(
+                      e, bit(TimedOut) | bit(ConnectionTimedOut) | bit(BadDescriptor));
+                }},
     FailureRule{FailureKind::damagedSource,
                 [](const Evidence &e) { return hasAll(e, bit(ReadError) | bit(DecodingError)); }},
     FailureRule{FailureKind::sourceRemoved,

@@ -9,6 +9,7 @@
 #include "Format.h"
 #include "FreeSpace.h"
 #include "JobController.h"
+#include "Logging.h"
 #include "ProgressFileName.h"
 #include "Text.h"
 
@@ -100,6 +101,9 @@ PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobSe
                          run.destinationURL.toLocalFile(), services.stopDelays);
   run.progressFile = plan.progressFile;
   run.arguments = completeArguments(plan);
+  if (plan.fileInfo.subtitleFileURL.isLocalFile() && !plan.fileInfo.audioTrackInformation.isEmpty())
+    ostrak::tk_log_level(5, u"Info: adding subtitles from file %@"_s,
+                         plan.fileInfo.subtitleFileURL);
   giveUp.dismiss();
   return run;
 }

@@ -40,6 +40,7 @@ class TestDiagnosis : public QObject {
     };
     row("no space", noSpace, "noSpace");
     row("timed out", timedOut, "unreliableDisk");
+    row("connection timed out", u"/net/a.mp4: Connection timed out"_s, "unreliableDisk");
     row("bad descriptor", badDescriptor, "unreliableDisk");
     row("both", timedOut + badDescriptor, "unreliableDisk");
     row("damage", readError + decodingError, "damagedSource");
