@@ -39,6 +39,7 @@ class TestProbeRefusals final : public QObject {
   void silencedAlertsAreListedButNotShown();
   void heAacSettingIsRead();
   void refusedProcessExits();
+  void quittingEndsTheEventLoop();
 
  private:
   // The scripted tool prints this report at every call.
@@ -274,6 +275,11 @@ void TestProbeRefusals::refusedProcessExits() {
   QVERIFY(m_program->presenter().presented.isEmpty());
   QTRY_COMPARE(statuses, QList<int>{0});
   QCOMPARE(m_program->presenter().presented.size(), 1);
+}
+
+void TestProbeRefusals::quittingEndsTheEventLoop() {
+  ostrak::dispatch_async_main([] { decant::quitProgram(3); });
+  QCOMPARE(QCoreApplication::exec(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestProbeRefusals)
