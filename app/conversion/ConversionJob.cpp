@@ -87,7 +87,7 @@ StartOutcome ConversionJob::start() {
   m_fileInfo.destinationURL = prepared.destinationURL;
   m_arguments = prepared.arguments;
   m_run = std::make_unique<JobRun>(
-      JobRun::Parts{std::move(assertion), prepared.progressFile, prepared.output,
+      JobRun::Parts{std::move(assertion), prepared.progressFile, std::move(prepared.output),
                     m_services.stopDelays, m_services.progressInterval},
       m_services.clock);
   connect(m_run.get(), &JobRun::position, this, [this](double seconds) {
@@ -192,8 +192,8 @@ void ConversionJob::succeed() {
   if (settings.AutoRemove) m_ad.disposeOfSource(*this, settings.AutoRemoveType != 0);
 }
 
-void ConversionJob::fail(const JobRun &run) {
-  m_partialOutput = std::make_unique<OwnFile>(run.output());
+void ConversionJob::fail(JobRun &run) {
+  m_partialOutput = std::make_unique<OwnFile>(std::move(run.output()));
   m_partialOutput->seal();
   if (ostrak::fileSize(destination()) == 0) m_partialOutput->remove();
   if (run.result().end == ostrak::ChildResult::End::FailedToStart) {

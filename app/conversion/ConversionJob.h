@@ -118,7 +118,7 @@ class ConversionJob final : public QObject {
   void tellStartFailure(const QString &message);
   void taskFinished();
   void succeed();
-  void fail(const JobRun &run);
+  void fail(JobRun &run);
   void tellEnd();
   [[nodiscard]] ostrak::Alert alertAbout(const QString &message) const;
   void explainFailure();

@@ -76,8 +76,7 @@ constexpr std::array rules{
                 [](const Evidence &e) { return hasAny(e, bit(NoSpaceLeft)); }},
     FailureRule{FailureKind::unreliableDisk,
                 [](const Evidence &e) {
-                  return return hasAny(
-                      e, bit(TimedOut) | bit(ConnectionTimedOut) | bit(BadDescriptor));
+                  return hasAny(e, bit(TimedOut) | bit(ConnectionTimedOut) | bit(BadDescriptor));
                 }},
     FailureRule{FailureKind::damagedSource,
                 [](const Evidence &e) { return hasAll(e, bit(ReadError) | bit(DecodingError)); }},

@@ -43,7 +43,8 @@ class JobRun final : public QObject {
   [[nodiscard]] const ostrak::ChildResult &result() const { return m_result; }
   [[nodiscard]] QString outputText() const { return m_collector.text(); }
   [[nodiscard]] double elapsedSeconds() const { return m_watch.seconds(); }
-  [[nodiscard]] const OwnFile &output() const { return m_output; }
+  // What the run writes; may be moved away once it has ended.
+  [[nodiscard]] OwnFile &output() { return m_output; }
 
   // Lets go what only a run in progress needs: timer, assertion and progress file.
   void letGo();

@@ -6,30 +6,30 @@
 
 #include <cerrno>
 
-#include "Descriptor.h"
-
 namespace decant {
 
 OwnFile::Creation OwnFile::create(const QString &path, OwnFile &file) {
   file = OwnFile();
   file.m_path = path;
-  const ostrak::Descriptor made(
+  ostrak::Descriptor made(
       ::open(ostrak::nativePath(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   if (!made) return errno == EEXIST ? Creation::exists : Creation::impossible;
   file.m_look = lookAt(path);
+  file.m_held = std::move(made);
   return Creation::created;
 }
 
 bool OwnFile::isThere() const {
   const std::optional<Look> now = lookAt(m_path);
   if (!m_look || !now || now->identity != m_look->identity) return false;
-  // The number of a deleted file is soon given to another one.
+  // Not held any more: the number of a deleted file is soon given to another one.
   return !m_sealed || (now->size == m_look->size && now->modified == m_look->modified);
 }
 
 void OwnFile::seal() {
   m_look = isThere() ? lookAt(m_path) : std::nullopt;
   m_sealed = true;
+  m_held = ostrak::Descriptor();
 }
 
 void OwnFile::remove() const {

@@ -4,12 +4,13 @@
 #include <chrono>
 #include <optional>
 
+#include "Descriptor.h"
 #include "File.h"
 
 namespace decant {
 
 // A file that this program has made and that it may therefore delete again. Whatever has come to
-// its path by other hands is left alone. A value; any thread.
+// its path by other hands is left alone. Any thread.
 class OwnFile final {
  public:
   enum class Creation {
@@ -18,7 +19,8 @@ class OwnFile final {
     impossible  // no file can be made at this path
   };
 
-  // Makes an empty file at `path`, never over another one, and owns it from then on.
+  // Makes an empty file at `path`, never over another one, and owns it from then on. It is held
+  // open until `seal`.
   [[nodiscard]] static Creation create(const QString &path, OwnFile &file);
 
   [[nodiscard]] const QString &path() const { return m_path; }
@@ -40,6 +42,8 @@ class OwnFile final {
   QString m_path;
   std::optional<Look> m_look;  // as it was when made or sealed
   bool m_sealed = false;
+  // The number of a file that is open is given to no other one.
+  ostrak::Descriptor m_held;
 };
 
 }  // namespace decant
