@@ -12,6 +12,7 @@
 #include "ProbeCommand.h"
 #include "Settings.h"
 #include "SettingsCommand.h"
+#include "SignalExit.h"
 #include "TerminalPresenter.h"
 #include "TextSink.h"
 #include "Wording.h"
@@ -65,6 +66,7 @@ int CommandLine::runCommand(const Invocation &invocation) {
     case Command::Window:
       return refuseWindow();
     case Command::Probe: {
+      const SignalExit endsAtOnce;
       tellAboutSettings();
       ProbeCommand probe(m_services.output, m_services.workingFolder,
                          m_services.preferredLanguages);

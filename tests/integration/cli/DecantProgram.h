@@ -53,6 +53,7 @@ class DecantProgram final {
   [[nodiscard]] QByteArray settings() const;
 
   QProcessEnvironment &environment() { return m_environment; }
+  [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
 
   [[nodiscard]] DecantOutcome run(const QStringList &arguments) const;
   // A script of the shell; "$decant" is the program.
