@@ -208,20 +208,27 @@ class TestJobNothingLost final : public QObject {
     QCOMPARE(JobBench::read(path), QByteArray("repaired by hand"));
   }
 
+  void aRunningJobSparesWhatOthersPutThere_data() {
+    QTest::addColumn<bool>("deleted");
+    QTest::newRow("where it was moved away from") << false;
+    QTest::newRow("where it was deleted") << true;
+  }
   void aRunningJobSparesWhatOthersPutThere() {
+    QFETCH(bool, deleted);
     JobBench bench;
-    bench.scenario.conversion().announce(u"running"_s).hang();
+    bench.scenario.conversion().noDestination().announce(u"running"_s).hang();
     QVERIFY(bench.scenario.write());
     ConversionJob &job = bench.addJob();
     QCOMPARE(job.start(), StartOutcome::launched);
     QVERIFY(bench.waitFor(u"running"_s));
     const QString path = bench.outputPath(u"movie.m4v"_s);
-    QVERIFY(QFile::rename(path, bench.outputPath(u"kept.m4v"_s)));
+    // A deleted file frees its number, and the next one made is likely to get it.
+    QVERIFY(deleted ? QFile::remove(path) : QFile::rename(path, bench.outputPath(u"kept.m4v"_s)));
     JobBench::write(path, "another");
     job.remove();
     ConversionJob::finishStopping();
     QCOMPARE(JobBench::read(path), QByteArray("another"));
-    QVERIFY(QFile::exists(bench.outputPath(u"kept.m4v"_s)));
+    QCOMPARE(QFile::exists(bench.outputPath(u"kept.m4v"_s)), !deleted);
   }
 
   void aFinishedJobKeepsItsFile() {
