@@ -48,7 +48,7 @@ def make_samples(bundle, folder):
     for name in ("one.mkv", "two.mkv", ".hidden.mkv"):
         shutil.copy(folder / "silent.mkv", folder / "series" / name)
     # So long that it is still being converted when it is interrupted.
-    ffmpeg(bundle, *picture("32x32", 10), *tone(7200), *h264, "-c:a", "flac", "-compression_level", "0",
+    ffmpeg(bundle, *picture("32x32", 10), *tone(3600), *h264, "-c:a", "flac", "-compression_level", "0",
            str(folder / "long.mkv"))
 
 
