@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <algorithm>
+#include <system_error>
+#include <thread>
 
 #include "AppDelegate.h"
 #include "ConvertRun.h"
@@ -12,6 +14,7 @@
 #include "JsonConvertReporter.h"
 #include "Ostrak.h"
 #include "Printable.h"
+#include "ProbeAlerts.h"
 #include "Settings.h"
 #include "SettingsCommand.h"
 #include "TerminalPresenter.h"
@@ -49,6 +52,23 @@ QString whyNoFolder(const QString &folder) {
   return worded(u"'%@' is no folder and can't be made one."_s, printable(folder));
 }
 
+// Files are probed on threads of their own; where the system makes none it makes no process either,
+// and a probe would never come to its end.
+bool canMakeThreads() {
+  try {
+    std::thread([] {}).join();
+    return true;
+  } catch (const std::system_error &) {
+    return false;
+  }
+}
+
+void refuseAll(QList<InputFile> &files, const FileFailure &failure) {
+  for (InputFile &file : files) {
+    if (!file.failure) file.failure = failure;
+  }
+}
+
 // Launch repairs mend some stored values for good: those are told here, the others by the delegate.
 void launch(AppDelegate &delegate, TextSink &error) {
   const QStringList before = storedValueComplaints();
@@ -77,6 +97,10 @@ QString ConvertCommand::problemOf(const Invocation &invocation, const QByteArray
 
 int ConvertCommand::run(const Invocation &invocation, ConvertInput input) {
   overrideSettings(invocation.changes);
+  if (!canMakeThreads()) {
+    const ostrak::Alert why = processRefusedAlert({}).alert;
+    refuseAll(input.files, {u"refused"_s, tk->appName(), why.message});
+  }
   return invocation.dryRun ? dryRun(invocation, std::move(input))
                            : convert(invocation, std::move(input));
 }
@@ -85,9 +109,7 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
   const DestinationChoice destination = destinationOf(invocation);
   if (destination.kind == DestinationChoice::Kind::Folder) {
     const QString why = whyNoFolder(destination.folder);
-    for (InputFile &file : input.files) {
-      if (!file.failure && !why.isNull()) file.failure = {u"notWritable"_s, tk->appName(), why};
-    }
+    if (!why.isNull()) refuseAll(input.files, {u"notWritable"_s, tk->appName(), why});
   }
   std::unique_ptr<ConvertReporter> reporter;
   if (invocation.json)

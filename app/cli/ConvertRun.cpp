@@ -180,8 +180,7 @@ bool ConvertRun::takeAlert(const ostrak::Alert &alert) {
     refuse(source, {m_awaitedKind, alert.title, alert.message});
     return true;
   }
-  const bool isOfProbed =
-      alert.subject == source || (alert.subject.isNull() && alert.problemReport);
+  const bool isOfProbed = alert.subject.isNull() ? alert.problemReport : alert.subject == source;
   if (m_delegate.intake().isScanning() && isOfProbed)
     m_held.append(alert);
   else

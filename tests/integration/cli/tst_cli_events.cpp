@@ -23,6 +23,8 @@ class TestCliEvents final : public QObject {
   void toolMissing();
   void toolGoesBetweenProbeAndConversion();
   void sourceGoesBetweenProbeAndConversion();
+  void noProcessCanBeMade_data();
+  void noProcessCanBeMade();
   void plainFailure();
 };
 
@@ -318,6 +320,24 @@ void TestCliEvents::sourceGoesBetweenProbeAndConversion() {
            (QStringList{u"finished 1"_s, u"failed 2 sourceRemoved"_s, u"started 3"_s,
                         u"finished 3"_s, u"summary 2 1"_s}));
   QCOMPARE(outcome.events(u"alert"_s).size(), 0);
+}
+
+void TestCliEvents::noProcessCanBeMade_data() {
+  QTest::addColumn<QByteArray>("command");
+  QTest::newRow("probe") << QByteArray("probe --json");
+  QTest::newRow("convert") << QByteArray("convert --json");
+  QTest::newRow("dry run") << QByteArray("convert --json --dry-run");
+}
+
+void TestCliEvents::noProcessCanBeMade() {
+  QFETCH(const QByteArray, command);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"b.mkv"_s);
+  const DecantOutcome outcome =
+      program.shellAsNobody("ulimit -u 1; exec $decant " + command + " a.mkv b.mkv");
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.output.count("A basic system capability failed"), 2);
 }
 
 void TestCliEvents::plainFailure() {
