@@ -161,6 +161,10 @@ void ConversionJob::reveal() {
   }
 }
 
+void ConversionJob::revealSource() {
+  m_services.revealer.reveal(source());
+}
+
 // The steps of an end, in their documented order. The job outlives this handler even when it is
 // removed within.
 void ConversionJob::taskFinished() {

@@ -104,6 +104,7 @@ class ConversionJob final : public QObject {
   static void finishStopping();
   // Shows the output in the file manager (the source with Shift held), or explains a failure.
   void reveal();
+  void revealSource();
   // Why the job failed; only in state 4.
   [[nodiscard]] Diagnosis diagnosis() const;
 

@@ -16,10 +16,10 @@ namespace decant {
 class OutputCollector final {
  public:
   // Bytes kept of the beginning and of the end.
-  static constexpr qsizetype headLimit = 128 * 1024;
-  static constexpr qsizetype tailLimit = 128 * 1024;
+  static constexpr qsizetype headLimit = qsizetype{128} * 1024;
+  static constexpr qsizetype tailLimit = qsizetype{128} * 1024;
   // A line that grows longer is taken in pieces of this many bytes.
-  static constexpr qsizetype lineLimit = 16 * 1024;
+  static constexpr qsizetype lineLimit = qsizetype{16} * 1024;
 
   // A piece of output, cut anywhere; an unfinished line waits for the next piece.
   void add(QByteArrayView bytes);
