@@ -43,6 +43,7 @@ UserDefaults::UserDefaults(QString path, Persistence persistence)
     : m_path(std::move(path)), m_persistence(persistence) {
   std::optional<Values> values = readFile();
   if (!values && m_persistence == Persistence::Stored) moveAside();
+  m_fileIgnored = !values && m_persistence == Persistence::InMemory;
   m_stored = std::move(values).value_or(Values());
   if (m_persistence == Persistence::Stored) m_timer = std::make_unique<Timer>(*this);
 }

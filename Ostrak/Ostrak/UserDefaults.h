@@ -41,6 +41,8 @@ class UserDefaults final {
   // Where the last broken settings file was moved to, null when there was none. One that was found
   // while the store was made is left to its maker to tell; a later one is logged here.
   [[nodiscard]] QString keptAside() const;
+  // Whether a broken settings file was left where it is and not used (Persistence::InMemory).
+  [[nodiscard]] bool isFileIgnored() const { return m_fileIgnored; }
 
   // Adds fall-back values; never overwrites what is stored.
   void registerDefaults(const QVariantMap &defaults);
@@ -70,6 +72,7 @@ class UserDefaults final {
 
   QString m_path;
   Persistence m_persistence;
+  bool m_fileIgnored = false;
   // Held while the file is read and written, so that an older write never follows a newer one.
   QMutex m_fileMutex;
   mutable QMutex m_mutex;

@@ -113,7 +113,15 @@ int CommandLine::refuseWindow() {
 }
 
 void CommandLine::tellAboutStore() {
-  const QString aside = tk->userDefaults().keptAside();
+  const ostrak::UserDefaults &store = tk->userDefaults();
+  if (store.isFileIgnored()) {
+    writeErrorLine(
+        m_services.error,
+        worded(u"The settings file '%@' could not be read and is not used; all settings are "
+               u"at their defaults."_s,
+               store.path()));
+  }
+  const QString aside = store.keptAside();
   if (aside.isNull()) return;
   writeErrorLine(
       m_services.error,

@@ -156,6 +156,7 @@ void TestCliSettings::brokenFileIsKeptAsideOnce() {
   }
   const DecantOutcome read = program.run({u"settings"_s, u"get"_s, u"AACBitrate"_s});
   QCOMPARE(read.output, QByteArray("1\n"));
+  QCOMPARE(read.error.count(program.settingsFile().toUtf8()), 1);
   QCOMPARE(program.settings(), broken);
   const DecantOutcome outcome = program.run({u"settings"_s, u"set"_s, u"AutoAdd"_s, u"1"_s});
   QCOMPARE(outcome.status, 0);
