@@ -3,6 +3,10 @@
 // queues.
 //
 //   queue_bench            times, and "bytes_per_job" as the heap counts them
+//
+// Once a run: ext4 passes over the inodes of files that were deleted in the last seconds one by
+// one, so the files that a first round has removed would slow down the second. TMPDIR chooses the
+// file system.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -10,9 +14,11 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <memory>
+#include <vector>
 
 #include "AppDelegate.h"
 #include "Clock.h"
+#include "File.h"
 #include "FileRevealer.h"
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
@@ -44,13 +50,19 @@ class Program final {
 
   [[nodiscard]] AppDelegate &controller() { return *m_controller; }
 
-  // A job for a source that is not there; both paths have 110 characters.
+  // Makes the sources, empty files, of jobs 0 to `count`.
+  void makeSources(int count) {
+    for (int i = 0; i < count; ++i) {
+      QFile file(path(i, u".mkv"_s));
+      if (!file.open(QIODevice::WriteOnly)) qFatal("source %d could not be made", i);
+    }
+  }
+
+  // A job whose paths have 110 characters.
   [[nodiscard]] std::unique_ptr<ConversionJob> job(int number) {
-    const QString stem = m_folder.path() + u'/' + QString::number(number);
     MKVFileInfo record;
-    record.fileURL = QUrl::fromLocalFile(stem.leftJustified(pathLength - 4, u'x') + u".mkv"_s);
-    record.destinationURL =
-        QUrl::fromLocalFile(stem.leftJustified(pathLength - 4, u'x') + u".m4v"_s);
+    record.fileURL = QUrl::fromLocalFile(path(number, u".mkv"_s));
+    record.destinationURL = QUrl::fromLocalFile(path(number, u".m4v"_s));
     record.fileName = record.fileURL.fileName();
     record.audioTrackInformation = {{u"#1: eng (ac3) [5.1]"_s, 48000}, {u"#2: ger (aac)"_s, 48000}};
     record.subtitleTrackIDs = {3, 4};
@@ -65,14 +77,25 @@ class Program final {
     return made;
   }
 
-  void admit(int count) {
-    for (int i = 0; i < count; ++i) {
-      if (m_controller->addJob(job(i)) != AppDelegate::Admission::added)
-        qFatal("job %d refused", i);
+  [[nodiscard]] std::vector<std::unique_ptr<ConversionJob>> jobs(int count) {
+    std::vector<std::unique_ptr<ConversionJob>> made;
+    for (int i = 0; i < count; ++i)
+      made.push_back(job(i));
+    return made;
+  }
+
+  void admit(std::vector<std::unique_ptr<ConversionJob>> jobs) {
+    for (auto &each : jobs) {
+      if (m_controller->addJob(std::move(each)) != AppDelegate::Admission::added)
+        qFatal("a job was refused");
     }
   }
 
  private:
+  [[nodiscard]] QString path(int number, const QString &extension) const {
+    const QString stem = m_folder.path() + u'/' + QString::number(number);
+    return stem.leftJustified(pathLength - extension.size(), u'x') + extension;
+  }
   [[nodiscard]] ostrak::OstrakSetup setup() const {
     ostrak::OstrakSetup setup;
     setup.bundlePath = m_folder.path();
@@ -109,9 +132,11 @@ void addJobs(benchmark::State &state) {
   for (auto _ : state) {
     state.PauseTiming();
     auto program = std::make_unique<Program>();
+    program->makeSources(count);
     const size_t before = bytesInUse();
+    auto jobs = program->jobs(count);
     state.ResumeTiming();
-    program->admit(count);
+    program->admit(std::move(jobs));
     state.PauseTiming();
     bytes = static_cast<double>(bytesInUse() - before) / count;
     program.reset();
@@ -119,14 +144,28 @@ void addJobs(benchmark::State &state) {
   }
   state.counters["bytes_per_job"] = bytes;
 }
-BENCHMARK(addJobs)->Arg(longQueue)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(addJobs)->Arg(longQueue)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// The part of it that is the system's: creating, writing and removing a file at each destination.
+void testWriteability(benchmark::State &state) {
+  const QTemporaryDir folder;
+  const auto count = static_cast<int>(state.range(0));
+  for (auto _ : state) {
+    for (int i = 0; i < count; ++i) {
+      const QString path = folder.filePath(QString::number(i)).leftJustified(pathLength, u'x');
+      if (!ostrak::isWriteablePath(path)) qFatal("not writable");
+    }
+  }
+}
+BENCHMARK(testWriteability)->Arg(longQueue)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // One more job comes, fails for want of its source and goes, which needs no child: every step
 // changes counts, indexes and claims. Takes the same time whatever waits behind it.
 void changeStates(benchmark::State &state) {
   const auto count = static_cast<int>(state.range(0));
   Program program;
-  program.admit(count);
+  program.makeSources(count);
+  program.admit(program.jobs(count));
   for (auto _ : state) {
     auto job = program.job(longQueue);
     ConversionJob &passing = *job;

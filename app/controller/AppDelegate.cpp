@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 
+#include <QMetaMethod>
 #include <QMetaObject>
 #include <QScopedValueRollback>
 
@@ -82,18 +83,27 @@ std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
   return addJob(makeJob(*destination));
 }
 
-AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job) const {
-  const QString destination = destinationPath(job);
+AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job,
+                                                ClaimedNames::Files &files) const {
   const QString source = job.fileInfo().fileURL.toLocalFile();
-  if (ostrak::isSameFile(source, destination) || m_claimed.isSource(destination))
-    return Admission::destinationIsSource;
-  if (m_claimed.isClaimed(destination))
-    job.setDestinationURL(QUrl::fromLocalFile(m_claimed.uniqueName(destination)));
-  return ostrak::isWriteablePath(destinationPath(job)) ? Admission::added : Admission::notWritable;
+  QString destination = destinationPath(job);
+  files = ClaimedNames::look(destination, source);
+  if (m_claimed.isSourceName(files)) return Admission::destinationIsSource;
+  if (m_claimed.isClaimed(files)) {
+    destination = m_claimed.uniqueName(destination);
+    job.setDestinationURL(QUrl::fromLocalFile(destination));
+    files = ClaimedNames::look(destination, source);
+  }
+  // Where a file can be made there was none, so it was nobody's source by another name.
+  if (ostrak::isWriteablePath(destination)) return Admission::added;
+  return ostrak::isSameFile(source, destination) || m_claimed.isSource(destination)
+             ? Admission::destinationIsSource
+             : Admission::notWritable;
 }
 
 AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
-  const Admission admission = admissionOf(*job);
+  ClaimedNames::Files files;
+  const Admission admission = admissionOf(*job, files);
   if (admission == Admission::notWritable) {
     refuse(
         *job,
@@ -113,8 +123,8 @@ AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
   const ConversionJob *tried = nullptr;
   {
     const QScopedValueRollback admitting(m_admitting, true);
-    m_claimed.claim(destinationPath(*job), job->fileInfo().fileURL.toLocalFile());
-    m_gate.jobAdded(*job);
+    m_claimed.claim(files);
+    m_gate.jobAdded(*job, files.source);
     const bool atBottom = settingBool("InsertJobsAtBottom");
     if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 &&
         m_intake.importFiles().isEmpty()) {
@@ -149,7 +159,9 @@ void AppDelegate::cleanClicked() {
 }
 
 void AppDelegate::updateWindowTitle() {
-  Q_EMIT windowTitleChanged(windowTitle());
+  // A command line has no title, and a long queue many changes.
+  static const QMetaMethod signal = QMetaMethod::fromSignal(&AppDelegate::windowTitleChanged);
+  if (isSignalConnected(signal)) Q_EMIT windowTitleChanged(windowTitle());
 }
 
 QString AppDelegate::windowTitle() const {

@@ -94,7 +94,8 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void speedHintDue();
 
  private:
-  [[nodiscard]] Admission admissionOf(ConversionJob &job) const;
+  // Looks at the job's files, too; `files` are those that it will claim.
+  [[nodiscard]] Admission admissionOf(ConversionJob &job, ClaimedNames::Files &files) const;
   void refuse(const ConversionJob &job, const QString &message, const QString &button);
   void updateWindowTitle();
   void intakeDrained();

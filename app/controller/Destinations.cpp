@@ -9,16 +9,24 @@ namespace decant {
 
 namespace {
 
+QString folderOf(const QString &path) {
+  const qsizetype slash = path.lastIndexOf(u'/');
+  if (slash < 0) return u"."_s;
+  return slash == 0 ? u"/"_s : path.left(slash);
+}
+
 // The folder as the system knows it and the last component, so that two paths to one file agree
 // even before the file exists. A folder that is not there leaves the path as it is.
-QString nameOf(const QString &path) {
-  const qsizetype slash = path.lastIndexOf(u'/');
-  const QString folder = slash > 0 ? path.left(slash) : QString(slash == 0 ? u"/"_s : u"."_s);
-  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(folder);
-  if (!identity) return path;
-  const QString name = QString::number(identity->device, 36) + u':' +
-                       QString::number(identity->inode, 36) + u'/' + path.mid(slash + 1);
+QString nameIn(const std::optional<ostrak::FileIdentity> &folder, const QString &path) {
+  if (!folder) return path;
+  const QString name = QString::number(folder->device, 36) + u':' +
+                       QString::number(folder->inode, 36) + u'/' +
+                       QStringView(path).mid(path.lastIndexOf(u'/') + 1);
   return name;
+}
+
+QString nameOf(const QString &path) {
+  return nameIn(ostrak::fileIdentity(folderOf(path)), path);
 }
 
 template <typename Key>
@@ -50,20 +58,37 @@ qsizetype lastFolderHolding(const QString &target, const QStringList &folders) {
   return -1;
 }
 
+ClaimedNames::Files ClaimedNames::look(const QString &destination, const QString &source) {
+  const QString folder = folderOf(destination);
+  const QString sourceFolder = folderOf(source);
+  const auto identity = ostrak::fileIdentity(folder);
+  const auto sourceIdentity =
+      sourceFolder == folder ? identity : ostrak::fileIdentity(sourceFolder);
+  return {nameIn(identity, destination), nameIn(sourceIdentity, source),
+          ostrak::fileIdentity(source)};
+}
+
 void ClaimedNames::claim(const QString &destination, const QString &source) {
-  release(destination);
-  const Claim claim{nameOf(source), ostrak::fileIdentity(source)};
-  m_claims.insert(nameOf(destination), claim);
-  ++m_sourceNames[claim.sourceName];
-  if (claim.source) ++m_sources[*claim.source];
+  claim(look(destination, source));
+}
+
+void ClaimedNames::claim(const Files &files) {
+  const auto before = m_claims.find(files.destinationName);
+  if (before != m_claims.end()) release(before);
+  m_claims.insert(files.destinationName, {files.sourceName, files.source});
+  ++m_sourceNames[files.sourceName];
+  if (files.source) ++m_sources[*files.source];
 }
 
 void ClaimedNames::release(const QString &destination) {
   const auto found = m_claims.find(nameOf(destination));
-  if (found == m_claims.end()) return;
-  countDown(m_sourceNames, found->sourceName);
-  if (found->source) countDown(m_sources, *found->source);
-  m_claims.erase(found);
+  if (found != m_claims.end()) release(found);
+}
+
+void ClaimedNames::release(Claims::iterator claim) {
+  countDown(m_sourceNames, claim->sourceName);
+  if (claim->source) countDown(m_sources, *claim->source);
+  m_claims.erase(claim);
 }
 
 void ClaimedNames::move(const QString &destination, const QString &other) {
@@ -78,8 +103,16 @@ bool ClaimedNames::isClaimed(const QString &destination) const {
   return m_claims.contains(nameOf(destination));
 }
 
+bool ClaimedNames::isClaimed(const Files &files) const {
+  return m_claims.contains(files.destinationName);
+}
+
 bool ClaimedNames::isSource(const QString &path) const {
   return jobsOnSource(path) > 0;
+}
+
+bool ClaimedNames::isSourceName(const Files &files) const {
+  return files.destinationName == files.sourceName || m_sourceNames.contains(files.destinationName);
 }
 
 int ClaimedNames::jobsOnSource(const QString &path) const {

@@ -35,13 +35,26 @@ struct DestinationChoice {
 // by its name. All lookups are constant time.
 class ClaimedNames final {
  public:
+  // Both files of a job as the system knows them at this moment. Looking is what costs; whoever
+  // asks several things looks once.
+  struct Files {
+    QString destinationName;
+    QString sourceName;
+    std::optional<ostrak::FileIdentity> source;
+  };
+  [[nodiscard]] static Files look(const QString &destination, const QString &source);
+
   void claim(const QString &destination, const QString &source);
+  void claim(const Files &files);
   void release(const QString &destination);
   // The job that claimed `destination` will write to `other` instead.
   void move(const QString &destination, const QString &other);
   [[nodiscard]] bool isClaimed(const QString &destination) const;
+  [[nodiscard]] bool isClaimed(const Files &files) const;
   // Whether the file at `path` is a source of a queued job.
   [[nodiscard]] bool isSource(const QString &path) const;
+  // Whether the job's destination has the name of its own source, or of a queued job's.
+  [[nodiscard]] bool isSourceName(const Files &files) const;
   // How many jobs read the source at `path`.
   [[nodiscard]] int jobsOnSource(const QString &path) const;
   // `wanted`, or the first numbered name that neither exists nor is claimed.
@@ -52,7 +65,10 @@ class ClaimedNames final {
     QString sourceName;
     std::optional<ostrak::FileIdentity> source;
   };
-  QHash<QString, Claim> m_claims;  // by the destination's name
+  using Claims = QHash<QString, Claim>;
+  void release(Claims::iterator claim);
+
+  Claims m_claims;  // by the destination's name
   QHash<QString, int> m_sourceNames;
   QHash<ostrak::FileIdentity, int> m_sources;
 };

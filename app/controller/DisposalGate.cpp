@@ -9,9 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace decant {
 
-void DisposalGate::jobAdded(const ConversionJob &job) {
-  const std::optional<ostrak::FileIdentity> source =
-      ostrak::fileIdentity(job.fileInfo().fileURL.toLocalFile());
+void DisposalGate::jobAdded(const ConversionJob &job,
+                            const std::optional<ostrak::FileIdentity> &source) {
   if (!source) return;
   // A job that is gone may have stood at the same address.
   m_left.erase(&job);

@@ -20,8 +20,8 @@ class ConversionJob;
 // Main thread.
 class DisposalGate final {
  public:
-  // A job that will read its source.
-  void jobAdded(const ConversionJob &job);
+  // A job that will read its source, the file `source`.
+  void jobAdded(const ConversionJob &job, const std::optional<ostrak::FileIdentity> &source);
   // It reads its source no longer: it has finished or failed.
   void jobEnded(const ConversionJob &job, bool failed);
   // It leaves the queue; wishes for it are taken until the next takeReady.

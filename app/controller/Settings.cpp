@@ -4,6 +4,8 @@
 #include <QSet>
 #include <array>
 #include <cmath>
+#include <string_view>
+#include <unordered_map>
 
 #include "Format.h"
 #include "Logging.h"
@@ -91,11 +93,15 @@ const QString &keyOf(const Setting &setting) {
 }
 
 const Setting &rowOf(const char *key) {
-  const QLatin1StringView wanted(key);
-  for (const Setting &setting : table) {
-    if (QLatin1StringView(setting.key) == wanted) return setting;
-  }
-  qFatal("there is no setting named %s", key);
+  static const std::unordered_map<std::string_view, const Setting *> rows = [] {
+    std::unordered_map<std::string_view, const Setting *> made;
+    for (const Setting &setting : table)
+      made.emplace(setting.key, &setting);
+    return made;
+  }();
+  const auto found = rows.find(key);
+  if (found == rows.end()) qFatal("there is no setting named %s", key);
+  return *found->second;
 }
 
 std::optional<double> numberOfText(const QString &text) {
@@ -107,6 +113,7 @@ std::optional<double> numberOfText(const QString &text) {
 
 // A settings file holds texts, among them the words for a boolean.
 std::optional<double> numberOf(const QVariant &value) {
+  if (value.typeId() == QMetaType::LongLong) return static_cast<double>(value.toLongLong());
   if (value.typeId() == QMetaType::Bool) return value.toBool() ? 1 : 0;
   const QString text = value.toString();
   if (text == "true"_L1) return 1;
