@@ -40,6 +40,7 @@ class TestSourceDisposal final : public QObject {
   void missingOutputKeepsIt();
   void emptyOutputKeepsIt();
   void folderInPlaceOfTheOutputKeepsIt();
+  void folderThatCannotBeSyncedKeepsIt();
   void shortOutputKeepsIt();
   void outputWithoutLengthKeepsIt();
   void unknownLengthOfTheSourceKeepsIt();
@@ -122,6 +123,13 @@ void TestSourceDisposal::emptyOutputKeepsIt() {
 void TestSourceDisposal::folderInPlaceOfTheOutputKeepsIt() {
   m_request.destinations = {m_program->root()};
   QVERIFY(whyKept().contains(u"no output"_s));
+}
+
+void TestSourceDisposal::folderThatCannotBeSyncedKeepsIt() {
+  // A regular file with a size, in a folder that knows of no disk.
+  m_request.destinations = {u"/sys/kernel/uevent_seqnum"_s};
+  QVERIFY(QFileInfo(m_request.destinations.at(0)).size() > 0);
+  QVERIFY(whyKept().contains(u"could not be written to the disk"_s));
 }
 
 void TestSourceDisposal::shortOutputKeepsIt() {
