@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QPointer>
 #include <QProcess>
@@ -167,8 +168,27 @@ bool ChildProcess::waitForDone(std::chrono::milliseconds timeout) {
   return !alive || d->state == Private::State::Done;
 }
 
+namespace {
+
+// Whether the child ended before the deadline and before `giveUp` answered true.
+bool waitPatiently(ChildProcess &child, std::chrono::milliseconds deadline,
+                   const std::function<bool()> &giveUp) {
+  if (!giveUp) return child.waitForDone(deadline);
+  constexpr std::chrono::milliseconds slice{100};
+  const QDeadlineTimer timer =
+      deadline.count() < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(deadline);
+  while (!timer.hasExpired()) {
+    if (child.waitForDone(slice)) return true;
+    if (giveUp()) return false;
+  }
+  return false;
+}
+
+}  // namespace
+
 ChildResult runChild(const ChildSetup &setup, QByteArray &output,
-                     std::chrono::milliseconds deadline, StopDelays delays) {
+                     std::chrono::milliseconds deadline, StopDelays delays,
+                     const std::function<bool()> &giveUp) {
   ChildResult result;
   ChildProcess child(delays);
   QObject::connect(&child, &ChildProcess::output, &child,
@@ -176,7 +196,7 @@ ChildResult runChild(const ChildSetup &setup, QByteArray &output,
   QObject::connect(&child, &ChildProcess::done, &child,
                    [&result](const ChildResult &end) { result = end; });
   child.start(setup);
-  if (!child.waitForDone(deadline)) {
+  if (!waitPatiently(child, deadline, giveUp)) {
     child.stop();
     child.waitForDone();
   }

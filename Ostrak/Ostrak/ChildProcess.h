@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QStringList>
 #include <chrono>
+#include <functional>
 #include <memory>
 
 class QProcess;
@@ -84,10 +85,12 @@ class ChildProcess final : public QObject {
   std::unique_ptr<Private> d;
 };
 
-// Runs a child to its end on the calling thread. With a deadline a child that is still running then
-// is stopped by the ladder. `output` gets all that was printed.
+// Runs a child to its end on the calling thread. It is stopped early when `giveUp`, asked several
+// times a second, answers true. With a deadline a child that is still running then is stopped by
+// the ladder. `output` gets all that was printed.
 [[nodiscard]] ChildResult runChild(
     const ChildSetup &setup, QByteArray &output,
-    std::chrono::milliseconds deadline = std::chrono::milliseconds(-1), StopDelays delays = {});
+    std::chrono::milliseconds deadline = std::chrono::milliseconds(-1), StopDelays delays = {},
+    const std::function<bool()> &giveUp = {});
 
 }  // namespace ostrak

@@ -166,8 +166,32 @@ void UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
   m_stored = std::move(merged);
 }
 
+namespace {
+
+// The backend passes over lines that it does not understand and would write the file without them.
+// A file that cannot be opened is another matter.
+bool looksLikeSettings(const QString &path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return true;
+  bool continues = false;
+  while (!file.atEnd()) {
+    const QByteArray line = file.readLine();
+    if (line.contains('\0')) return false;
+    const QByteArray text = line.trimmed();
+    const bool isEntry = text.indexOf('=') > 0;
+    const bool isOther = text.isEmpty() || text.startsWith(';') || text.startsWith('#') ||
+                         (text.startsWith('[') && text.endsWith(']'));
+    if (!continues && !isEntry && !isOther) return false;
+    continues = text.endsWith('\\');
+  }
+  return true;
+}
+
+}  // namespace
+
 std::optional<UserDefaults::Values> UserDefaults::readFile() const {
   if (!QFileInfo::exists(m_path)) return Values();
+  if (!looksLikeSettings(m_path)) return {};
   const QSettings file(m_path, QSettings::IniFormat);
   if (file.status() == QSettings::FormatError) return {};
   Values values;

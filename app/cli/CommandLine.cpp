@@ -47,7 +47,11 @@ int CommandLine::run(const QList<QByteArray> &arguments) {
       stores ? UserDefaults::Persistence::Stored : UserDefaults::Persistence::InMemory;
   const ostrak::Ostrak library(std::move(setup));
   if (!parsed.problem.isNull()) return refuseUsage(parsed.invocation.topic, parsed.problem);
-  return runCommand(parsed.invocation);
+  const int status = runCommand(parsed.invocation);
+  const QString failure = m_services.output.failure();
+  if (failure.isNull()) return status;
+  writeErrorLine(m_services.error, worded(u"The output could not be written: %@."_s, failure));
+  return status == statusOf(ExitCode::Done) ? statusOf(ExitCode::Failed) : status;
 }
 
 int CommandLine::runCommand(const Invocation &invocation) {

@@ -1,7 +1,12 @@
 #include "ConvertCommand.h"
 
+#include <unistd.h>
+
 #include <QDir>
+#include <QFile>
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <system_error>
 #include <thread>
 
@@ -17,6 +22,7 @@
 #include "ProbeAlerts.h"
 #include "Settings.h"
 #include "SettingsCommand.h"
+#include "SignalWatcher.h"
 #include "TerminalPresenter.h"
 #include "TextConvertReporter.h"
 #include "Wording.h"
@@ -31,6 +37,12 @@ namespace {
 
 QString toolPath() {
   return tk->resDir() + u"/ffmpeg"_s;
+}
+
+// Where progress files go: a user without a data folder of their own still has a temporary one.
+QString progressFolder() {
+  const QString own = tk->docDir();
+  return ::access(QFile::encodeName(own).constData(), W_OK | X_OK) == 0 ? own : tk->tempDir();
 }
 
 // For this run alone: what was asked for, and what a terminal needs to be otherwise. A run queues
@@ -48,8 +60,13 @@ void overrideSettings(const QList<SettingChange> &changes) {
 // Why nothing can be written into a folder that is to be made if it is missing; null when it is
 // there.
 QString whyNoFolder(const QString &folder) {
+  errno = 0;
   if (isFolder(folder) || QDir().mkpath(folder)) return {};
-  return worded(u"'%@' is no folder and can't be made one."_s, printable(folder));
+  const int error = errno;
+  if (error == 0 || error == EEXIST || error == ENOTDIR || error == ENOENT)
+    return worded(u"'%@' is no folder and can't be made one."_s, printable(folder));
+  return worded(u"'%@' is no folder and can't be made one: %@."_s, printable(folder),
+                QString::fromLocal8Bit(std::strerror(error)));
 }
 
 // Files are probed on threads of their own; where the system makes none it makes no process either,
@@ -117,14 +134,23 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
   else
     reporter =
         std::make_unique<TextConvertReporter>(m_services.output, m_services.error, tk->appName());
-  AppDelegate delegate(
-      {{m_services.sleepInhibitor, m_desktop.notifier, m_desktop.revealer, m_desktop.urlOpener,
-        m_desktop.keyboard, m_services.volumes, m_services.clock, toolPath(), tk->docDir()},
-       m_services.trashCan,
-       m_services.preferredLanguages,
-       [] {},
-       proberWithSubtitle(input.subtitle),
-       [destination] { return destination; }});
+  AppDelegate delegate({{m_services.sleepInhibitor,
+                         m_desktop.notifier,
+                         m_desktop.revealer,
+                         m_desktop.urlOpener,
+                         m_desktop.keyboard,
+                         m_services.volumes,
+                         m_services.clock,
+                         toolPath(),
+                         progressFolder(),
+                         {},
+                         std::chrono::seconds(1),
+                         [] { return SignalWatcher::received() != 0; }},
+                        m_services.trashCan,
+                        m_services.preferredLanguages,
+                        [] {},
+                        proberWithSubtitle(input.subtitle),
+                        [destination] { return destination; }});
   launch(delegate, m_services.error);
   ConvertRun run(delegate, std::move(input), invocation.audioTrack, *reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
@@ -135,7 +161,7 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
 
 int ConvertCommand::dryRun(const Invocation &invocation, ConvertInput input) {
   DryRunReporter reporter(m_services.output, m_services.error, toolPath(), invocation.json);
-  DryRun run({toolPath(), tk->docDir(), tk->tempDir(), m_services.preferredLanguages,
+  DryRun run({toolPath(), progressFolder(), tk->tempDir(), m_services.preferredLanguages,
               destinationOf(invocation), invocation.audioTrack},
              std::move(input), reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });

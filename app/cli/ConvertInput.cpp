@@ -27,6 +27,8 @@ Kind kindOf(const QString &path) {
 QString whyNoSubtitle(const QString &path) {
   const QString unreadable = whyNotReadable(path);
   if (!unreadable.isNull()) return unreadable;
+  if (kindOf(path) == Kind::Movie)
+    return worded(u"'%@' is a movie and no subtitle file."_s, printable(path));
   if (lowerExtension(path) == "sub"_L1 && sortFiles({path}).subtitles.isEmpty())
     return worded(u"The subtitles in '%@' are pictures; only text can be taken."_s,
                   printable(path));

@@ -29,7 +29,8 @@ bool needsFixupNow(const ConversionPlan &plan, const DryRunSetup &setup) {
   const QTemporaryDir folder(setup.tempFolder + u"/decant-XXXXXX"_s);
   const QString name = plan.fileInfo.destinationURL.fileName();
   return needFixup(setup.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
-                   folder.filePath(name));
+                   folder.filePath(name),
+                   {.interrupted = [] { return SignalWatcher::received() != 0; }});
 }
 
 }  // namespace

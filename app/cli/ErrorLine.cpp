@@ -13,7 +13,9 @@ void writeErrorLine(TextSink &standardError, const QString &sentence) {
 }
 
 void writeErrorLine(TextSink &standardError, const QString &path, const QString &sentence) {
-  const bool isNamed = path.isNull() || sentence.contains(printable(path));
+  // Below its first line a problem report shows the command line, which holds every path.
+  const QString first = sentence.section(u'\n', 0, 0);
+  const bool isNamed = path.isNull() || first.contains(printable(path));
   writeErrorLine(standardError, isNamed ? sentence : QString(path + u": "_s + sentence));
 }
 

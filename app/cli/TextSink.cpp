@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 
 namespace decant {
 
@@ -32,10 +33,14 @@ void DescriptorSink::write(const QByteArray &utf8) {
   while (!m_closed && done < utf8.size()) {
     const ssize_t count =
         ::write(m_descriptor, utf8.constData() + done, static_cast<size_t>(utf8.size() - done));
-    if (count >= 0)
+    if (count >= 0) {
       done += count;
-    else
-      m_closed = !passes(errno, m_descriptor);
+      continue;
+    }
+    const int error = errno;
+    m_closed = !passes(error, m_descriptor);
+    if (m_closed && error != EPIPE && error != EBADF)
+      m_failure = QString::fromLocal8Bit(std::strerror(error));
   }
 }
 

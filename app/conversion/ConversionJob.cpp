@@ -87,8 +87,8 @@ StartOutcome ConversionJob::start() {
   m_fileInfo.destinationURL = prepared.destinationURL;
   m_arguments = prepared.arguments;
   m_run = std::make_unique<JobRun>(
-      JobRun::Parts{std::move(assertion), prepared.progressFile, std::move(prepared.output),
-                    m_services.stopDelays, m_services.progressInterval},
+      JobRun::Parts{std::move(assertion), std::move(prepared.progressFile),
+                    std::move(prepared.output), m_services.stopDelays, m_services.progressInterval},
       m_services.clock);
   connect(m_run.get(), &JobRun::position, this, [this](double seconds) {
     if (const auto percent = progressPercent(seconds, m_fileInfo.runtimeSeconds))

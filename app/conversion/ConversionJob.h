@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <chrono>
+#include <functional>
 #include <memory>
 
 #include "Alerts.h"
@@ -40,6 +41,8 @@ struct JobServices {
   QString progressFolder;  // where progress files are kept; exists
   ostrak::StopDelays stopDelays = {};
   std::chrono::milliseconds progressInterval{1000};  // between two looks at the progress
+  // Whether the program is to end, asked while a call blocks; empty means never.
+  std::function<bool()> interrupted = {};
 };
 
 // How `start` ended. The user has been told of everything but a launch.

@@ -11,8 +11,8 @@ enum ConversionPreset : int {
   ConversionPresetCustom = 2
 };
 
-// The settings that decide one conversion, read afresh from the store at each decision; the fields are
-// named as their keys. Menu indexes are within their lists.
+// The settings that decide one conversion, read afresh from the store at each decision; the fields
+// are named as their keys. Menu indexes are within their lists.
 struct ConversionSettings {
   int ConversionPreset = ConversionPresetAAC;
   bool AC3Downmix = false;

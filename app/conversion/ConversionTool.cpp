@@ -33,13 +33,14 @@ QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo) {
 
 bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo, quint64 audioTrackIndex,
                const ConversionSettings &settings, const QString &destination,
-               ostrak::StopDelays delays, std::chrono::milliseconds deadline) {
+               const FixupPatience &patience) {
   if (!wantsFixupTest(fileInfo, audioTrackIndex, settings)) return false;
   const int track = trackNumber(fileInfo.audioTrackInformation.at(qsizetype(audioTrackIndex)));
   const QStringList arguments = fixupTestArguments(fileInfo, track, destination);
   QByteArray output;
   const ostrak::ChildResult result =
-      ostrak::runChild(conversionTool(toolPath, arguments), output, deadline, delays);
+      ostrak::runChild(conversionTool(toolPath, arguments), output, patience.deadline,
+                       patience.delays, patience.interrupted);
   return result.end == ostrak::ChildResult::End::Exited && needsFixup(output);
 }
 

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <chrono>
+#include <functional>
 
 #include "ChildProcess.h"
 #include "ConversionSettings.h"
@@ -19,12 +20,18 @@ namespace decant {
 // What the user is told of one that cannot be run.
 [[nodiscard]] QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo);
 
+// How long the one-second test may take.
+struct FixupPatience {
+  ostrak::StopDelays delays = {};
+  std::chrono::milliseconds deadline = std::chrono::seconds(30);
+  std::function<bool()> interrupted = {};  // the program is to end; asked several times a second
+};
+
 // Whether the chosen track, when it is copied, needs the ADTS filter: asked of the tool by a
 // conversion of one second to `destination`, which it writes over. Blocks for at most the deadline
 // and the grace of the ladder; no answer in time is a no.
 [[nodiscard]] bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo,
                              quint64 audioTrackIndex, const ConversionSettings &settings,
-                             const QString &destination, ostrak::StopDelays delays = {},
-                             std::chrono::milliseconds deadline = std::chrono::seconds(30));
+                             const QString &destination, const FixupPatience &patience = {});
 
 }  // namespace decant

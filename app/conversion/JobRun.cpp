@@ -1,14 +1,12 @@
 #include "JobRun.h"
 
-#include <QFile>
-
 namespace decant {
 
 JobRun::JobRun(Parts parts, const Clock &clock)
     : m_child(parts.stopDelays),
       m_assertion(std::move(parts.assertion)),
-      m_progressFile(parts.progressFile),
-      m_progress(parts.progressFile),
+      m_progressFile(std::move(parts.progressFile)),
+      m_progress(m_progressFile.path()),
       m_output(std::move(parts.output)),
       m_watch(clock) {
   m_timer.setInterval(parts.progressInterval);
@@ -52,7 +50,7 @@ void JobRun::waitForEnd() {
 void JobRun::letGo() {
   m_timer.stop();
   m_assertion.reset();
-  QFile::remove(m_progressFile);
+  m_progressFile.remove();
 }
 
 void JobRun::readProgress() {

@@ -21,7 +21,7 @@ class JobRun final : public QObject {
  public:
   struct Parts {
     std::unique_ptr<SleepAssertion> assertion;
-    QString progressFile;
+    OwnFile progressFile;
     OwnFile output;
     ostrak::StopDelays stopDelays;
     std::chrono::milliseconds progressInterval{1000};
@@ -62,7 +62,7 @@ class JobRun final : public QObject {
   ostrak::ChildProcess m_child;
   QTimer m_timer;
   std::unique_ptr<SleepAssertion> m_assertion;
-  QString m_progressFile;
+  OwnFile m_progressFile;
   ProgressReader m_progress;
   OutputCollector m_collector;
   OwnFile m_output;

@@ -11,9 +11,14 @@ namespace decant {
 OwnFile::Creation OwnFile::create(const QString &path, OwnFile &file) {
   file = OwnFile();
   file.m_path = path;
-  ostrak::Descriptor made(
-      ::open(ostrak::nativePath(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  if (!made) return errno == EEXIST ? Creation::exists : Creation::impossible;
+  const QByteArray name = ostrak::nativePath(path);
+  int descriptor = -1;
+  do {
+    descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  } while (descriptor < 0 && errno == EINTR);
+  ostrak::Descriptor made(descriptor);
+  // Other errors say nothing about whether the name is taken.
+  if (!made) return errno == EEXIST || lookAt(path) ? Creation::exists : Creation::impossible;
   file.m_look = lookAt(path);
   file.m_held = std::move(made);
   return Creation::created;

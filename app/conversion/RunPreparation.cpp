@@ -79,6 +79,16 @@ bool claimDestination(PreparedRun &run, bool replaces, JobController &ad) {
   return false;
 }
 
+// Two programs that convert files of one name at the same time must not share it.
+OwnFile claimProgressFile(const QString &fileName, const QString &folder) {
+  OwnFile file;
+  for (int attempt = 0; attempt < claimAttempts; ++attempt) {
+    const QString path = ostrak::uniqueFile(QDir(folder).filePath(progressFileName(fileName)));
+    if (OwnFile::create(path, file) != OwnFile::Creation::exists) break;
+  }
+  return file;
+}
+
 }  // namespace
 
 PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobServices &services) {
@@ -87,19 +97,21 @@ PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobSe
   run.destinationURL = request.fileInfo.destinationURL;
   if (!claimDestination(run, request.replacesDestination, ad))
     return destinationRefused(run.destinationURL.toLocalFile());
-  auto giveUp = qScopeGuard([&run] { run.output.remove(); });
+  auto giveUp = qScopeGuard([&run] {
+    run.output.remove();
+    run.progressFile.remove();
+  });
 
   ConversionPlan plan;
   plan.fileInfo = request.fileInfo;
   plan.fileInfo.destinationURL = run.destinationURL;
   plan.audioTrackIndex = request.audioTrackIndex;
   plan.settings = request.settings;
-  plan.progressFile = ostrak::uniqueFile(
-      QDir(services.progressFolder).filePath(progressFileName(plan.fileInfo.fileName)));
-  QFile::remove(plan.progressFile);
+  run.progressFile = claimProgressFile(plan.fileInfo.fileName, services.progressFolder);
+  plan.progressFile = run.progressFile.path();
   plan.fixup = needFixup(services.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
-                         run.destinationURL.toLocalFile(), services.stopDelays);
-  run.progressFile = plan.progressFile;
+                         run.destinationURL.toLocalFile(),
+                         {.delays = services.stopDelays, .interrupted = services.interrupted});
   run.arguments = completeArguments(plan);
   if (plan.fileInfo.subtitleFileURL.isLocalFile() && !plan.fileInfo.audioTrackInformation.isEmpty())
     ostrak::tk_log_level(5, u"Info: adding subtitles from file %@"_s,

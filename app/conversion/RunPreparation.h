@@ -23,9 +23,9 @@ struct PreparedRun {
   StartOutcome outcome = StartOutcome::launched;
   QString obstacle;  // for the user; null when it can be launched
   // Only when it can be launched:
-  QUrl destinationURL;  // may be another than the one asked for
-  OwnFile output;       // exists, made by this call
-  QString progressFile;
+  QUrl destinationURL;   // may be another than the one asked for
+  OwnFile output;        // exists, made by this call
+  OwnFile progressFile;  // exists, empty, made by this call
   QStringList arguments;
 };
 

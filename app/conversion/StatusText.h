@@ -13,8 +13,8 @@ struct StatusFacts {
   JobState state = JobStateQueued;
   QList<AudioTrackDescription> audioTracks;
   quint64 audioTrackIndex = 0;
-  double progress = 0;         // percent
-  double elapsedSeconds = 0;   // since the launch; for a finished job, how long it took
+  double progress = 0;        // percent
+  double elapsedSeconds = 0;  // since the launch; for a finished job, how long it took
 };
 
 // The line shown under a job's name. Pure.

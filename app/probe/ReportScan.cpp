@@ -114,12 +114,25 @@ bool containsIgnoringBlanks(QStringView text, QStringView part) {
   return false;
 }
 
+namespace {
+
+// What the tool itself writes: 'Stream #0:0', 'Duration: 00:01', never more words.
+bool beginsLikeReportLine(QStringView trimmedLine) {
+  if (trimmedLine.startsWith(u"Stream #")) return true;
+  constexpr QStringView duration = u"Duration";
+  if (!trimmedLine.startsWith(duration)) return false;
+  const QStringView rest = trimmedLine.sliced(duration.size());
+  return rest.startsWith(u':') || (!rest.trimmed().isEmpty() && rest.trimmed().front().isDigit());
+}
+
+}  // namespace
+
 bool isTagLine(QStringView trimmedLine) {
   constexpr qsizetype keyWidth = 16;
   if (trimmedLine.startsWith(u"Stream #")) return false;
   qsizetype colon = trimmedLine.indexOf(u": ");
   if (colon < 0 && trimmedLine.endsWith(u':')) colon = trimmedLine.size() - 1;
-  return colon == keyWidth || (colon > keyWidth && !trimmedLine.first(colon).contains(u' '));
+  return colon == keyWidth || (colon > keyWidth && !beginsLikeReportLine(trimmedLine));
 }
 
 bool ReportLines::next(QStringView &line) {

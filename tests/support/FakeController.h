@@ -43,8 +43,9 @@ class FakeController final : public decant::JobController {
   }
   [[nodiscard]] QUrl claimUniqueDestination(const QUrl &wanted) override {
     note("claimUniqueDestination");
-    if (onClaim) onClaim();
-    return ostrak::uniqueFile(wanted);
+    const QUrl unique = ostrak::uniqueFile(wanted);
+    if (onClaim) onClaim(unique.toLocalFile());
+    return unique;
   }
   [[nodiscard]] bool isSource(const QString &path) const override {
     for (const QString &source : otherSources)
@@ -67,7 +68,8 @@ class FakeController final : public decant::JobController {
   QStringList calls;
   QList<Change> changes;
   std::function<void()> onStartNext;
-  std::function<void()> onClaim;
+  // Sees each claimed name before the job makes its file.
+  std::function<void(const QString &path)> onClaim;
   std::function<void(decant::ConversionJob &)> onStateChanged;
 
  private:

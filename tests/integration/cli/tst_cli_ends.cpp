@@ -33,6 +33,7 @@ class TestCliEnds final : public QObject {
   void signalThatTheToolGetsToo();
   void stubbornToolIsKilled();
   void signalWhileProbing();
+  void signalInTheTestOfOneSecond();
   void signalThatIsSwitchedOff();
   void killedProgramLeavesNoTool();
   void nobodyReads();
@@ -115,6 +116,19 @@ void TestCliEnds::signalWhileProbing() {
     const qint64 tool = program.scenario().calls().first().value("pid"_L1).toInteger();
     QTRY_VERIFY_WITH_TIMEOUT(!isAlive(tool), 30000);
   }
+}
+
+void TestCliEnds::signalInTheTestOfOneSecond() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.scenario().fixup().announce(u"asked"_s).hang().write();
+  const auto process = program.start({u"convert"_s, u"--json"_s, u"a.mkv"_s});
+  QTRY_VERIFY_WITH_TIMEOUT(program.scenario().announced(u"asked"_s), 30000);
+  ::kill(static_cast<pid_t>(process->processId()), SIGTERM);
+  const DecantOutcome outcome = DecantProgram::end(*process);
+  QCOMPARE(outcome.status, 143);
+  QCOMPARE(outcome.story().last(), u"summary 0 0"_s);
+  QCOMPARE(program.files(), QStringList{u"a.mkv"_s});
 }
 
 void TestCliEnds::signalThatIsSwitchedOff() {

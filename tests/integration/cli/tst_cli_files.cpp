@@ -61,6 +61,10 @@ void TestCliFiles::missingSubtitles() {
   QCOMPARE(named.status, 1);
   QCOMPARE(named.story(), (QStringList{u"failed refused"_s, u"summary 0 1"_s}));
   QVERIFY(named.output.contains("gone.srt"));
+  const DecantOutcome movie =
+      program.run({u"convert"_s, u"--json"_s, u"--subtitle"_s, u"a.mkv"_s, u"a.mkv"_s});
+  QCOMPARE(movie.status, 1);
+  QCOMPARE(movie.story(), (QStringList{u"failed refused"_s, u"summary 0 1"_s}));
   const DecantOutcome among = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"gone.srt"_s});
   QCOMPARE(among.status, 1);
   QCOMPARE(among.story().last(), u"summary 1 1"_s);

@@ -17,6 +17,8 @@ class TestCliObstacles final : public QObject {
   void sourceGoesBetweenProbeAndConversion();
   void noProcessCanBeMade_data();
   void noProcessCanBeMade();
+  void noDataFolder();
+  void fullStandardOutput();
 };
 
 // A limit on the size of files is seen as a disk that takes no larger ones.
@@ -149,6 +151,28 @@ void TestCliObstacles::noProcessCanBeMade() {
       program.shellAsNobody("ulimit -u 1; exec $decant " + command + " a.mkv b.mkv");
   QCOMPARE(outcome.status, 1);
   QCOMPARE(outcome.output.count("A basic system capability failed"), 2);
+}
+
+// A user without a home: progress files go elsewhere, the conversion goes on.
+void TestCliObstacles::noDataFolder() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  const DecantOutcome outcome =
+      program.shell("export XDG_DATA_HOME=/dev/null/none; exec $decant convert --json a.mkv");
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.story().last(), u"summary 1 0"_s);
+}
+
+// A reader that has gone is nobody's loss; a disk that is full is.
+void TestCliObstacles::fullStandardOutput() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  for (const auto command : {"probe --json a.mkv", "settings list", "convert --dry-run a.mkv"}) {
+    const DecantOutcome outcome =
+        program.shell(QByteArray("exec $decant ") + command + " >/dev/full");
+    QCOMPARE(outcome.status, 1);
+    QVERIFY(outcome.error.contains("No space left on device"));
+  }
 }
 
 QTEST_GUILESS_MAIN(TestCliObstacles)

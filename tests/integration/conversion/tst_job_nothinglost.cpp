@@ -126,10 +126,27 @@ class TestJobNothingLost final : public QObject {
     ConversionJob &job = bench.addJob();
     JobBench::write(bench.outputPath(u"movie.m4v"_s), "first");
     int claims = 0;
-    bench.controller.onClaim = [&] { ++claims; };
+    bench.controller.onClaim = [&](const QString &path) {
+      if (++claims < 3) JobBench::write(path, "theirs");
+    };
     QCOMPARE(job.start(), StartOutcome::launched);
-    QCOMPARE(claims, 1);
+    QCOMPARE(claims, 3);
     QVERIFY(bench.waitForEnd(job));
+    QCOMPARE(bench.outputs(),
+             (QStringList{u"movie-0-0-0.m4v"_s, u"movie-0-0.m4v"_s, u"movie-0.m4v"_s, u"movie.m4v"_s}));
+    QCOMPARE(JobBench::read(bench.outputPath(u"movie-0-0.m4v"_s)), QByteArray("theirs"));
+  }
+
+  void everyNameIsTakenAtTheLastMoment() {
+    JobBench bench;
+    ConversionJob &job = bench.addJob();
+    JobBench::write(bench.outputPath(u"movie.m4v"_s), "first");
+    bench.controller.onClaim = [](const QString &path) { JobBench::write(path, "theirs"); };
+    QCOMPARE(job.start(), StartOutcome::destinationRefused);
+    const QStringList kept = bench.outputs();
+    QVERIFY(kept.size() > 2);
+    job.remove();
+    QCOMPARE(bench.outputs(), kept);
   }
 
   void agreedReplacementReplaces() {

@@ -210,7 +210,21 @@ class TestJobStart final : public QObject {
     // Whether the tool on a busy machine has printed its words by then or not: it is the same.
     const std::chrono::milliseconds deadline(300);
     QVERIFY(!needFixup(bench.program.toolPath(), info, 0, {}, bench.outputPath(u"test.m4v"_s),
-                       {std::chrono::milliseconds(20)}, deadline));
+                       {.delays = {std::chrono::milliseconds(20)}, .deadline = deadline}));
+    QVERIFY(!bench.anyChildAlive());
+  }
+
+  // The program is to end: the question is not waited for.
+  void theFixupTestIsInterrupted() {
+    JobBench bench;
+    bench.scenario.fixup().announce(u"asked"_s).hang();
+    QVERIFY(bench.scenario.write());
+    MKVFileInfo info = bench.record();
+    info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
+    const auto interrupted = [&bench] { return bench.scenario.announced(u"asked"_s); };
+    // Without a deadline: only the interruption can end it.
+    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, {}, bench.outputPath(u"test.m4v"_s),
+                       {.deadline = std::chrono::milliseconds(-1), .interrupted = interrupted}));
     QVERIFY(!bench.anyChildAlive());
   }
 
@@ -243,6 +257,19 @@ class TestJobStart final : public QObject {
     QVERIFY(bench.scenario.release(u"go"_s));
     QVERIFY(bench.waitForEnd(job));
     QCOMPARE(bench.progressFiles(), QStringList{u"movie.mkv.log"_s});
+  }
+
+  // Two programs may convert files of one name: the file is there before the tool makes it.
+  void theProgressFileIsClaimed() {
+    JobBench bench;
+    bench.scenario.conversion().wait(u"go"_s);
+    QVERIFY(bench.scenario.write());
+    ConversionJob &job = bench.addJob();
+    QCOMPARE(job.start(), StartOutcome::launched);
+    QCOMPARE(bench.progressFiles(), QStringList{u"movie.mkv.log"_s});
+    QVERIFY(bench.scenario.release(u"go"_s));
+    QVERIFY(bench.waitForEnd(job));
+    QVERIFY(bench.progressFiles().isEmpty());
   }
 };
 

@@ -1,3 +1,5 @@
+#include <sys/resource.h>
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -69,6 +71,22 @@ class TestJobParts final : public QObject {
     QCOMPARE(OwnFile::create(path(u"link"_s), file), OwnFile::Creation::exists);
     QCOMPARE(OwnFile::create(path(u"none/new"_s), file), OwnFile::Creation::impossible);
     file.remove();
+  }
+
+  // No descriptor is left: that says nothing about the name.
+  void ownFileIsNotMadeOverWhatCannotBeOpened() {
+    write(path(u"old"_s), "theirs");
+    struct rlimit before {};
+    QCOMPARE(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    struct rlimit none = before;
+    none.rlim_cur = 0;
+    OwnFile file;
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const OwnFile::Creation taken = OwnFile::create(path(u"old"_s), file);
+    const OwnFile::Creation fresh = OwnFile::create(path(u"new"_s), file);
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    QCOMPARE(taken, OwnFile::Creation::exists);
+    QCOMPARE(fresh, OwnFile::Creation::impossible);
   }
 
   void ownFileIsRemovedWhileWritten() {

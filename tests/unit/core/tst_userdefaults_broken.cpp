@@ -16,6 +16,8 @@ class TestUserDefaultsBroken final : public QObject {
  private Q_SLOTS:
   void init();
   void isKeptAside();
+  void isKeptAsideWhateverIsWrong_data();
+  void isKeptAsideWhateverIsWrong();
   void takesTheFirstFreeNumber();
   void isLeftAloneInMemory();
   void isToldOnceByTheLibrary();
@@ -57,6 +59,23 @@ void TestUserDefaultsBroken::isKeptAside() {
   store.synchronize();
   QCOMPARE(read(store.keptAside()), garbage());
   QCOMPARE(read(m_path), "[General]\nkey=1\n");
+}
+
+void TestUserDefaultsBroken::isKeptAsideWhateverIsWrong_data() {
+  QTest::addColumn<QByteArray>("text");
+  QTest::newRow("words") << QByteArray("just text\n");
+  QTest::newRow("bytes") << QByteArray("\xff\xfe\xfd");
+  QTest::newRow("XML") << QByteArray("<?xml version='1.0'?>\n<plist>\n</plist>\n");
+  QTest::newRow("zeros") << QByteArray("[General]\nkey=1\n\0\0\0", 19);
+  QTest::newRow("words after entries") << QByteArray("[General]\nkey=1\nand then some\n");
+  QTest::newRow("a key without a name") << QByteArray("[General]\n=1\n");
+}
+
+void TestUserDefaultsBroken::isKeptAsideWhateverIsWrong() {
+  QFETCH(const QByteArray, text);
+  breakFile(text);
+  UserDefaults store(m_path, Persistence::Stored);
+  QCOMPARE(read(store.keptAside()), text);
 }
 
 void TestUserDefaultsBroken::takesTheFirstFreeNumber() {

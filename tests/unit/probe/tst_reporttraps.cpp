@@ -108,6 +108,9 @@ void TestReportTraps::deceptiveTags_data() {
   QTest::newRow("key is Stream") << u"    Stream          : Video: prores"_s;
   QTest::newRow("key begins with Stream") << u"    StreamNumber    : 4"_s;
   QTest::newRow("long key begins with Stream") << u"    StreamingProviderName: Video: prores"_s;
+  QTest::newRow("words that begin with Duration") << u"    Duration in minutes: 45"_s;
+  QTest::newRow("words that begin with Streaming")
+      << u"    Streaming video source: Video: prores"_s;
   QTest::newRow("empty value") << u"    StreamNumber    : "_s;
   QTest::newRow("key with a colon") << u"    x:Stream        : a\u2028Stream"_s;
   QTest::newRow("stream group")
