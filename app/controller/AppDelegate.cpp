@@ -133,7 +133,7 @@ AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
     } else {
       m_queue.insert(std::move(job), atBottom);
     }
-    m_intake.cancelAdd();
+    leaveShown();
     updateWindowTitle();
     m_intake.clearFileInfo();
   }
@@ -145,7 +145,13 @@ void AppDelegate::refuse(const ConversionJob &job, const QString &message, const
   ostrak::Alert alert = ostrak::apptitledAlert(message, {button});
   alert.subject = job.fileInfo().fileURL.toLocalFile();
   ostrak::postAlert(alert);
-  m_intake.cancelAdd();
+  leaveShown();
+}
+
+// A record can be queued, or refused, once more while intake is at the next file already; that one
+// is not to be lost with it.
+void AppDelegate::leaveShown() {
+  if (!m_intake.isScanning()) m_intake.cancelAdd();
 }
 
 void AppDelegate::intakeDrained() {

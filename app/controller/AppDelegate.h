@@ -97,6 +97,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   // Looks at the job's files, too; `files` are those that it will claim.
   [[nodiscard]] Admission admissionOf(ConversionJob &job, ClaimedNames::Files &files) const;
   void refuse(const ConversionJob &job, const QString &message, const QString &button);
+  void leaveShown();
   void updateWindowTitle();
   void intakeDrained();
   void checkDisposals();

@@ -30,6 +30,8 @@ class TestDrain final : public QObject {
   void filesWaitSoNothingStartsUntilIntakeDrains();
   void refusedLastFileStartsWhatWaits();
   void skippedLastFileStartsWhatWaits();
+  void addingTwiceLosesNoFile_data();
+  void addingTwiceLosesNoFile();
   void quittingAsksOnlyWhileAJobConverts();
   void endRemovesEverythingAndLeavesNoOrphan();
   void endStartsNothing();
@@ -141,6 +143,33 @@ void TestDrain::skippedLastFileStartsWhatWaits() {
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
 }
 
+void TestDrain::addingTwiceLosesNoFile_data() {
+  QTest::addColumn<bool>("secondIsAdmitted");
+  QTest::newRow("refused twice") << false;
+  QTest::newRow("refused, then added") << true;
+}
+
+// After a refusal intake is at the next file while the refused record can still be added.
+void TestDrain::addingTwiceLosesNoFile() {
+  QFETCH(const bool, secondIsAdmitted);
+  AppServices services = m_p->services();
+  QString folder = m_p->path(u"nowhere"_s);
+  services.destination = [&folder] {
+    return DestinationChoice{DestinationChoice::Kind::Folder, folder};
+  };
+  m_p->restart(services);
+  m_p->intake().openFiles({m_p->movie(u"a.mkv"_s), m_p->movie(u"b.mkv"_s)});
+  QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
+  QCOMPARE(m_p->controller->addToQueue(), std::optional(AppDelegate::Admission::notWritable));
+  QCOMPARE(m_p->intake().state(), Intake::State::Probing);
+  QCOMPARE(m_p->intake().fileInfo()->fileName, u"a.mkv"_s);
+  if (secondIsAdmitted) folder = m_p->program.root();
+  QCOMPARE(m_p->controller->addToQueue() == AppDelegate::Admission::added, secondIsAdmitted);
+  QTRY_VERIFY(m_p->intake().state() != Intake::State::Probing);
+  QCOMPARE(m_p->intake().state(), Intake::State::Showing);
+  QCOMPARE(m_p->intake().fileInfo()->fileName, u"b.mkv"_s);
+}
+
 void TestDrain::quittingAsksOnlyWhileAJobConverts() {
   QVERIFY(m_p->controller->applicationShouldTerminate());
   m_p->add(u"1slow.mkv"_s);
@@ -178,6 +207,8 @@ void TestDrain::endRemovesEverythingAndLeavesNoOrphan() {
 }
 
 void TestDrain::endStartsNothing() {
+  // The running job goes first, with all others behind it.
+  ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
   m_p->add(u"1slow.mkv"_s);
   for (int i = 2; i < 20; ++i)
     m_p->add(QString::number(i) + u".mkv"_s);
