@@ -67,6 +67,13 @@ QString whyKeepFor(const QString &destination, const DisposalRequest &request,
   return {};
 }
 
+QString whyNot(const QString &source, const std::optional<ostrak::FileIdentity> &wanted) {
+  const std::optional<ostrak::FileIdentity> found = ostrak::fileIdentity(source);
+  if (!found) return u"it is not there any more"_s;
+  if (wanted && *wanted != *found) return u"another file has taken its place"_s;
+  return {};
+}
+
 QString deleteFile(const QString &path) {
   return ::unlink(ostrak::nativePath(path).constData()) == 0 ? QString() : systemError();
 }
@@ -120,16 +127,17 @@ QString whyKeepSource(const DisposalRequest &request) {
 }
 
 QString whyKeepSource(const DisposalRequest &request, const DurationReader &duration) {
-  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(request.source);
-  if (!identity) return u"it is not there any more"_s;
-  if (request.identity && *request.identity != *identity)
-    return u"another file has taken its place"_s;
+  const std::optional<ostrak::FileIdentity> found = ostrak::fileIdentity(request.source);
+  const std::optional<ostrak::FileIdentity> wanted = request.identity ? request.identity : found;
+  const QString notIt = whyNot(request.source, wanted);
+  if (!notIt.isNull()) return notIt;
   if (request.destinations.isEmpty()) return u"there is no output"_s;
   for (const QString &destination : request.destinations) {
     const QString whyKept = whyKeepFor(destination, request, duration);
     if (!whyKept.isNull()) return whyKept;
   }
-  return {};
+  // That took long enough for another file to come to this path.
+  return whyNot(request.source, wanted);
 }
 
 SourceDisposal::SourceDisposal(TrashCan &trashCan, QObject *parent)

@@ -48,6 +48,8 @@ class TestSourceDisposal final : public QObject {
   void noOutputAtAllKeepsIt();
   void outputThatIsTheSourceKeepsIt();
   void anotherFileInItsPlaceIsKept();
+  void fileThatComesDuringTheCheckIsKept_data();
+  void fileThatComesDuringTheCheckIsKept();
   void sourceThatIsGoneIsNoMatter();
   void lengthIsReadByTheTool();
 
@@ -170,6 +172,23 @@ void TestSourceDisposal::anotherFileInItsPlaceIsKept() {
   QVERIFY(QFile::rename(m_request.source, m_program->path(u"moved.mkv"_s)));
   QCOMPARE(write(u"Film.mkv"_s, "another film"), m_request.source);
   QVERIFY(whyKept().contains(u"another file"_s));
+}
+
+void TestSourceDisposal::fileThatComesDuringTheCheckIsKept_data() {
+  QTest::addColumn<bool>("identityIsKnown");
+  QTest::newRow("the source was known when it was queued") << true;
+  QTest::newRow("the source was not known then") << false;
+}
+
+void TestSourceDisposal::fileThatComesDuringTheCheckIsKept() {
+  QFETCH(const bool, identityIsKnown);
+  if (!identityIsKnown) m_request.identity.reset();
+  const QString kept = whyKeepSource(m_request, [this](const QUrl &) {
+    // The first one stays, so that its number is not given to the second.
+    const bool moved = QFile::rename(m_request.source, m_program->path(u"moved.mkv"_s));
+    return moved && !write(u"Film.mkv"_s, "another film").isNull() ? 100 : -1;
+  });
+  QVERIFY2(kept.contains(u"another file"_s), qPrintable(kept));
 }
 
 void TestSourceDisposal::sourceThatIsGoneIsNoMatter() {
