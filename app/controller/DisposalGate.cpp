@@ -31,11 +31,7 @@ void DisposalGate::jobEnded(const ConversionJob &job, bool failed) {
   stopReading(job);
   const auto reader = m_readers.find(&job);
   if (!failed || reader == m_readers.end()) return;
-  Source &source = m_sources[reader->second.source];
-  if (!source.wish) return;
-  ostrak::tk_log_level(4, u"Warning: the source %@ stays: another conversion of it failed"_s,
-                       source.wish->source);
-  source.wish.reset();
+  m_sources[reader->second.source].failed = true;
 }
 
 void DisposalGate::jobLeft(const ConversionJob &job) {
@@ -58,7 +54,10 @@ QList<DisposalRequest> DisposalGate::takeReady() {
   QList<DisposalRequest> ready;
   for (const ostrak::FileIdentity &identity : m_unread) {
     const Source source = m_sources.take(identity);
-    if (source.wish) ready.append(*source.wish);
+    if (source.mayGo()) ready.append(*source.wish);
+    if (source.wish && source.failed)
+      ostrak::tk_log_level(4, u"Warning: the source %@ stays: another conversion of it failed"_s,
+                           source.wish->source);
   }
   m_unread.clear();
   for (const ConversionJob *job : m_left)
@@ -69,7 +68,7 @@ QList<DisposalRequest> DisposalGate::takeReady() {
 
 bool DisposalGate::hasReady() const {
   return std::ranges::any_of(m_unread, [this](const ostrak::FileIdentity &identity) {
-    return m_sources.value(identity).wish.has_value();
+    return m_sources.value(identity).mayGo();
   });
 }
 

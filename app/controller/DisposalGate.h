@@ -15,8 +15,9 @@ namespace decant {
 class ConversionJob;
 
 // Holds a wish to dispose of a source back while another queued job still has to read it. The wish
-// is let through when the last of them has ended or left, unless that one failed: then the source
-// stays. Two paths to one file are one source. No operation depends on how many jobs there are.
+// is let through when the last of them has ended or left, unless one of them failed, whichever that
+// was: then the source stays. A job that is added after that begins anew. Two paths to one file are
+// one source. No operation depends on how many jobs there are.
 // Main thread.
 class DisposalGate final {
  public:
@@ -36,7 +37,9 @@ class DisposalGate final {
  private:
   struct Source {
     int readers = 0;
+    bool failed = false;
     std::optional<DisposalRequest> wish;
+    [[nodiscard]] bool mayGo() const { return wish && !failed; }
   };
   void stopReading(const ConversionJob &job);
 

@@ -34,8 +34,9 @@ class TestDisposal final : public QObject {
   void anotherJobOnTheSourceIsWaitedFor_data();
   void anotherJobOnTheSourceIsWaitedFor();
   void removalOfTheLastLetsTheSourceGo();
-  void failureOfTheLastKeepsTheSource();
-  void successAfterAFailureLetsTheSourceGo();
+  void oneFailureKeepsTheSource_data();
+  void oneFailureKeepsTheSource();
+  void successAfterALaterAdditionLetsTheSourceGo();
   void everyOutputIsLookedAt();
   void replacedSourceIsKept();
   void quitWaitsForTheDisposal();
@@ -157,30 +158,51 @@ void TestDisposal::removalOfTheLastLetsTheSourceGo() {
   QTRY_COMPARE(m_p->trashCan.trashed, QStringList(source));
 }
 
-void TestDisposal::failureOfTheLastKeepsTheSource() {
-  ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
-  const QString source = m_p->movie(u"good.mkv"_s);
-  QVERIFY(QFile::link(source, m_p->path(u"fail.mkv"_s)));
-  m_p->controller->pauseContinueClicked(true);
-  add(source, u"first.m4v"_s);
-  add(m_p->path(u"fail.mkv"_s), u"second.m4v"_s);
-  m_p->controller->pauseContinueClicked(true);
-  settle();
-  QCOMPARE(m_p->count(JobStateFailed), 1);
-  QVERIFY(m_p->trashCan.trashed.isEmpty());
-  QVERIFY(m_p->program.logged().join(u'\n').contains(u"another conversion of it failed"_s));
+void TestDisposal::oneFailureKeepsTheSource_data() {
+  QTest::addColumn<QStringList>("ends");
+  const QStringList ends{u"good"_s, u"fail"_s};
+  for (const QString &first : ends) {
+    for (const QString &second : ends) {
+      const QStringList two{first, second};
+      QTest::addRow("%s", qPrintable(two.join(u", "_s))) << two;
+      for (const QString &third : ends) {
+        const QStringList three{first, second, third};
+        QTest::addRow("%s", qPrintable(three.join(u", "_s))) << three;
+      }
+    }
+  }
 }
 
-void TestDisposal::successAfterAFailureLetsTheSourceGo() {
+void TestDisposal::oneFailureKeepsTheSource() {
+  QFETCH(const QStringList, ends);
   ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
-  const QString source = m_p->movie(u"good.mkv"_s);
-  QVERIFY(QFile::link(source, m_p->path(u"fail.mkv"_s)));
+  const QString source = m_p->movie(u"film.mkv"_s);
   m_p->controller->pauseContinueClicked(true);
-  add(m_p->path(u"fail.mkv"_s), u"first.m4v"_s);
-  add(source, u"second.m4v"_s);
+  QString last;
+  for (const QString &end : ends) {
+    const QString number = QString::number(m_p->names().size());
+    last = m_p->path(number + end + u".mkv"_s);
+    QVERIFY(QFile::link(source, last));
+    QVERIFY(add(last, number + u".m4v"_s) != nullptr);
+  }
   m_p->controller->pauseContinueClicked(true);
   settle();
-  QTRY_COMPARE(m_p->trashCan.trashed, QStringList(source));
+  const bool failed = ends.contains(u"fail"_s);
+  QCOMPARE(m_p->count(JobStateFailed), static_cast<int>(ends.count(u"fail"_s)));
+  QCOMPARE(m_p->trashCan.trashed, failed ? QStringList() : QStringList(last));
+  QCOMPARE(m_p->program.logged().join(u'\n').contains(u"another conversion of it failed"_s),
+           failed && ends.contains(u"good"_s));
+}
+
+void TestDisposal::successAfterALaterAdditionLetsTheSourceGo() {
+  const QString source = m_p->movie(u"good.mkv"_s);
+  QVERIFY(QFile::link(source, m_p->path(u"fail.mkv"_s)));
+  add(m_p->path(u"fail.mkv"_s), u"first.m4v"_s);
+  settle();
+  QCOMPARE(m_p->count(JobStateFailed), 1);
+  add(source, u"second.m4v"_s);
+  settle();
+  QCOMPARE(m_p->trashCan.trashed, QStringList(source));
 }
 
 void TestDisposal::everyOutputIsLookedAt() {
