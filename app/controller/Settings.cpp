@@ -4,6 +4,7 @@
 #include <QSet>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <string_view>
 #include <unordered_map>
 
@@ -165,7 +166,9 @@ double readNumber(const char *key) {
 }
 
 int choiceOf(const char *key) {
-  return static_cast<int>(settingInt(key));
+  // A value with a rule of its own may be larger; it must not become another one.
+  return static_cast<int>(qBound(qint64{std::numeric_limits<int>::min()}, settingInt(key),
+                                 qint64{std::numeric_limits<int>::max()}));
 }
 
 }  // namespace

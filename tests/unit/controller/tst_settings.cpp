@@ -78,6 +78,7 @@ class TestSettings final : public QObject {
   void textBecomesAValue();
   void outOfRangeReadsAsDefaultAndIsToldOnce();
   void valuesWithARuleOfTheirOwnAreReadAsTheyAre();
+  void hugeStyleIsAnyOtherValue();
   void storedTextsAreRead_data();
   void storedTextsAreRead();
   void storedValuesAreComplainedAbout();
@@ -219,6 +220,14 @@ void TestSettings::valuesWithARuleOfTheirOwnAreReadAsTheyAre() {
   QCOMPARE(settingInt("DefaultDestination"), 70);
   QVERIFY(storedValueComplaints().isEmpty());
   QVERIFY(m_program->logged().isEmpty());
+}
+
+void TestSettings::hugeStyleIsAnyOtherValue() {
+  for (const qint64 stored : {qint64{1} << 32, (qint64{1} << 32) + 2, -(qint64{1} << 32)}) {
+    ostrak::tk->userDefaults().setValue(u"ConversionPreset"_s, stored);
+    const int style = readConversionSettings().ConversionPreset;
+    QVERIFY(style != ConversionPresetAAC && style != ConversionPresetCustom);
+  }
 }
 
 void TestSettings::storedTextsAreRead_data() {
