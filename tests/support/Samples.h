@@ -24,7 +24,7 @@ struct SampleSubtitle {
 struct Sample {
   QString name = QStringLiteral("movie.mkv");  // file name; may hold anything a file name can
   QString video = QStringLiteral("h264");      // h264 h264-10bit hevc mpeg4 mpeg2video av1 vp8 vp9
-                                           // theora flv wmv2 prores; empty: none
+                                               // theora flv wmv2 prores; empty: none
   QString size = QStringLiteral("320x240");
   QList<SampleAudio> audio = {{}};
   QList<SampleSubtitle> subtitles = {};

@@ -9,18 +9,20 @@
 
 namespace ostrak {
 
-// Operations on paths and file locations. None reports an error: a failure is nothing, false or 0. All
-// are synchronous and may be called from any thread.
+// Operations on paths and file locations. None reports an error: a failure is nothing, false or 0.
+// All are synchronous and may be called from any thread.
 
 // A new, empty folder of the user's own inside the temporary folder, named like the program's
 // identifier. The caller removes it.
 [[nodiscard]] std::optional<QString> makeTempFolder();
 
-// A path at which nothing exists: the path itself or, from 0 upwards, "movie-0.mp4". A path without an
-// extension still gets the dot: "movie-0.". A symbolic link that leads nowhere counts as existing.
+// A path at which nothing exists: the path itself or, from 0 upwards, "movie-0.mp4". A path without
+// an extension still gets the dot: "movie-0.". A symbolic link that leads nowhere counts as
+// existing.
 [[nodiscard]] QString uniqueFile(const QString &path);
 [[nodiscard]] QUrl uniqueFile(const QUrl &location);
-// The same with a further rule for what counts as taken, for instance names that others have claimed.
+// The same with a further rule for what counts as taken, for instance names that others have
+// claimed.
 [[nodiscard]] QString uniqueFile(const QString &path,
                                  const std::function<bool(const QString &)> &isTaken);
 
@@ -58,8 +60,8 @@ namespace ostrak {
 void setContents(const QString &path, const QByteArray &bytes);
 void setContents(const QUrl &location, const QByteArray &bytes);
 
-// Device and inode: which file a path leads to, following symbolic links. Two paths name the same file
-// exactly when these are equal. Nothing when there is no file.
+// Device and inode: which file a path leads to, following symbolic links. Two paths name the same
+// file exactly when these are equal. Nothing when there is no file.
 struct FileIdentity {
   quint64 device = 0;
   quint64 inode = 0;

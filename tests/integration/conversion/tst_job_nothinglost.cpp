@@ -132,8 +132,8 @@ class TestJobNothingLost final : public QObject {
     QCOMPARE(job.start(), StartOutcome::launched);
     QCOMPARE(claims, 3);
     QVERIFY(bench.waitForEnd(job));
-    QCOMPARE(bench.outputs(),
-             (QStringList{u"movie-0-0-0.m4v"_s, u"movie-0-0.m4v"_s, u"movie-0.m4v"_s, u"movie.m4v"_s}));
+    QCOMPARE(bench.outputs(), (QStringList{u"movie-0-0-0.m4v"_s, u"movie-0-0.m4v"_s,
+                                           u"movie-0.m4v"_s, u"movie.m4v"_s}));
     QCOMPARE(JobBench::read(bench.outputPath(u"movie-0-0.m4v"_s)), QByteArray("theirs"));
   }
 
