@@ -29,6 +29,15 @@ QString nameOf(const QString &path) {
   return nameIn(ostrak::fileIdentity(folderOf(path)), path);
 }
 
+// The name that a numbered one was made of: "a.m4v" of "a-12.m4v".
+QString withoutNumber(const QString &name) {
+  const qsizetype dot = name.lastIndexOf(u'.');
+  const qsizetype dash = name.lastIndexOf(u'-');
+  if (dash <= name.lastIndexOf(u'/') || dot < dash) return {};
+  const bool hasExtension = dot + 1 < name.size();
+  return name.left(dash) + (hasExtension ? name.mid(dot) : QString());
+}
+
 template <typename Key>
 void countDown(QHash<Key, int> &counts, const Key &key) {
   const auto found = counts.find(key);
@@ -88,13 +97,22 @@ void ClaimedNames::release(const QString &destination) {
 void ClaimedNames::release(Claims::iterator claim) {
   countDown(m_sourceNames, claim->sourceName);
   if (claim->source) countDown(m_sources, *claim->source);
+  countAnew(claim.key());
   m_claims.erase(claim);
+}
+
+// A name that is given up may be the first free one again.
+void ClaimedNames::countAnew(const QString &name) {
+  if (m_nextNumbers.isEmpty()) return;
+  m_nextNumbers.remove(name);
+  m_nextNumbers.remove(withoutNumber(name));
 }
 
 void ClaimedNames::move(const QString &destination, const QString &other) {
   const auto found = m_claims.find(nameOf(destination));
   if (found == m_claims.end()) return;
   const Claim claim = *found;
+  countAnew(found.key());
   m_claims.erase(found);
   m_claims.insert(nameOf(other), claim);
 }
@@ -122,7 +140,19 @@ int ClaimedNames::jobsOnSource(const QString &path) const {
 }
 
 QString ClaimedNames::uniqueName(const QString &wanted) const {
-  return ostrak::uniqueFile(wanted, [this](const QString &name) { return isClaimed(name); });
+  const auto folder = ostrak::fileIdentity(folderOf(wanted));
+  const QString name = nameIn(folder, wanted);
+  const auto known = m_nextNumbers.constFind(name);
+  bool amongClaims = known != m_nextNumbers.cend();
+  quint64 number = amongClaims ? *known : 0;
+  const auto isTaken = [&](const QString &path) {
+    const bool claimed = m_claims.contains(nameIn(folder, path));
+    amongClaims = amongClaims || claimed;
+    return claimed;
+  };
+  const QString unique = ostrak::uniqueFile(wanted, isTaken, number);
+  if (amongClaims && unique != wanted) m_nextNumbers.insert(name, number);
+  return unique;
 }
 
 std::optional<QUrl> resolveDestination(const DestinationChoice &choice, const MKVFileInfo &fileInfo,

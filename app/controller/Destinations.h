@@ -57,7 +57,9 @@ class ClaimedNames final {
   [[nodiscard]] bool isSourceName(const Files &files) const;
   // How many jobs read the source at `path`.
   [[nodiscard]] int jobsOnSource(const QString &path) const;
-  // `wanted`, or the first numbered name that neither exists nor is claimed.
+  // `wanted`, or the first numbered name that neither exists nor is claimed. While such names are
+  // claimed, numbers that were once found taken are not looked at again, so that many movies of one
+  // name cost no more than others.
   [[nodiscard]] QString uniqueName(const QString &wanted) const;
 
  private:
@@ -67,8 +69,11 @@ class ClaimedNames final {
   };
   using Claims = QHash<QString, Claim>;
   void release(Claims::iterator claim);
+  void countAnew(const QString &name);
 
   Claims m_claims;  // by the destination's name
+  // By a wanted name, while it or one of its numbers is claimed: all numbers below are taken.
+  mutable QHash<QString, quint64> m_nextNumbers;
   QHash<QString, int> m_sourceNames;
   QHash<ostrak::FileIdentity, int> m_sources;
 };

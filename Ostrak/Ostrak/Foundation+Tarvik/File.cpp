@@ -64,13 +64,19 @@ QUrl uniqueFile(const QUrl &location) {
 }
 
 QString uniqueFile(const QString &path, const std::function<bool(const QString &)> &isTaken) {
+  quint64 number = 0;
+  return uniqueFile(path, isTaken, number);
+}
+
+QString uniqueFile(const QString &path, const std::function<bool(const QString &)> &isTaken,
+                   quint64 &number) {
   const auto taken = [&isTaken](const QString &name) {
     return (isTaken && isTaken(name)) || isOccupied(name);
   };
   if (!taken(path)) return path;
   const SplitPath parts = splitPath(path);
-  for (quint64 counter = 0;; ++counter) {
-    const QString name = parts.stem + u'-' + QString::number(counter) + u'.' + parts.extension;
+  for (;; ++number) {
+    const QString name = parts.stem + u'-' + QString::number(number) + u'.' + parts.extension;
     if (!taken(name)) return name;
   }
 }

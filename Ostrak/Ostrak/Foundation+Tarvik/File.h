@@ -25,6 +25,11 @@ namespace ostrak {
 // claimed.
 [[nodiscard]] QString uniqueFile(const QString &path,
                                  const std::function<bool(const QString &)> &isTaken);
+// The same, for who knows that all lower numbers are taken: counts from `number` on, and leaves the
+// number that it has used there.
+[[nodiscard]] QString uniqueFile(const QString &path,
+                                 const std::function<bool(const QString &)> &isTaken,
+                                 quint64 &number);
 
 [[nodiscard]] quint64 fileSize(const QString &path);
 [[nodiscard]] quint64 fileSize(const QUrl &location);

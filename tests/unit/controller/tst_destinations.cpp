@@ -29,6 +29,9 @@ class TestDestinations final : public QObject {
   void folderTakesTheOutputName();
   void resolvedNamesAreUnique();
   void claimedNamesAreNotFree();
+  void numbersGoOnWhileNamesAreClaimed();
+  void numbersBeginAnewWithoutClaims();
+  void manyOfOneNameAreNumbered();
   void claimIsTheSameByEveryPath();
   void sourceIsKnownByEveryName();
   void renamedSourceStaysASource();
@@ -117,6 +120,58 @@ void TestDestinations::claimedNamesAreNotFree() {
   claimed.release(wanted);
   QVERIFY(!claimed.isClaimed(wanted));
   QCOMPARE(claimed.uniqueName(wanted), wanted);
+}
+
+void TestDestinations::numbersGoOnWhileNamesAreClaimed() {
+  const auto path = [this](const QString &name) { return m_program->path(name); };
+  const QString wanted = path(u"a.m4v"_s);
+  const QString onDisk = file(u"a-0.m4v"_s);
+  ClaimedNames claimed;
+  claimed.claim(wanted, path(u"1.mkv"_s));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-1.m4v"_s));
+  claimed.claim(path(u"a-1.m4v"_s), path(u"2.mkv"_s));
+  QVERIFY(QFile::remove(onDisk));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-2.m4v"_s));
+  claimed.claim(path(u"a-2.m4v"_s), path(u"3.mkv"_s));
+  // What is given up, or moved away from, is free again.
+  claimed.release(path(u"a-1.m4v"_s));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-0.m4v"_s));
+  claimed.claim(path(u"a-0.m4v"_s), path(u"2.mkv"_s));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-1.m4v"_s));
+  claimed.claim(path(u"a-1.m4v"_s), path(u"4.mkv"_s));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-3.m4v"_s));
+  claimed.move(path(u"a-0.m4v"_s), path(u"b.m4v"_s));
+  QCOMPARE(claimed.uniqueName(wanted), path(u"a-0.m4v"_s));
+  claimed.release(wanted);
+  QCOMPARE(claimed.uniqueName(wanted), wanted);
+}
+
+void TestDestinations::numbersBeginAnewWithoutClaims() {
+  const QString wanted = file(u"a.m4v"_s);
+  const QString onDisk = file(u"a-0.m4v"_s);
+  const QString second = m_program->path(u"a-1.m4v"_s);
+  ClaimedNames claimed;
+  QCOMPARE(claimed.uniqueName(wanted), second);
+  // Nobody has claimed it, so nothing is remembered of it.
+  QVERIFY(QFile::remove(onDisk));
+  QCOMPARE(claimed.uniqueName(wanted), onDisk);
+  QCOMPARE(file(u"a-0.m4v"_s), onDisk);
+  claimed.claim(second, m_program->path(u"a.mkv"_s));
+  QCOMPARE(claimed.uniqueName(wanted), m_program->path(u"a-2.m4v"_s));
+  claimed.release(second);
+  QVERIFY(QFile::remove(onDisk));
+  QCOMPARE(claimed.uniqueName(wanted), onDisk);
+}
+
+void TestDestinations::manyOfOneNameAreNumbered() {
+  const QString wanted = m_program->path(u"a.m4v"_s);
+  ClaimedNames claimed;
+  claimed.claim(wanted, m_program->path(u"a.mkv"_s));
+  for (int i = 0; i < 2000; ++i) {
+    const QString unique = claimed.uniqueName(wanted);
+    QCOMPARE(unique, m_program->path(u"a-"_s + QString::number(i) + u".m4v"_s));
+    claimed.claim(unique, m_program->path(QString::number(i) + u".mkv"_s));
+  }
 }
 
 void TestDestinations::claimIsTheSameByEveryPath() {

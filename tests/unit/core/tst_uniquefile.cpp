@@ -14,6 +14,7 @@ class TestUniqueFile final : public QObject {
   void uniqueFile_data();
   void uniqueFile();
   void uniqueFileHeedsClaims();
+  void uniqueFileCountsOn();
   void uniqueFileOfALocation();
 
  private:
@@ -73,6 +74,18 @@ void TestUniqueFile::uniqueFileHeedsClaims() {
   const auto isClaimed = [&claimed](const QString &name) { return claimed.contains(name); };
   QCOMPARE(ostrak::uniqueFile(path(u"a.mp4"_s), isClaimed), path(u"a-2.mp4"_s));
   QCOMPARE(ostrak::uniqueFile(path(u"b.mp4"_s), isClaimed), path(u"b.mp4"_s));
+}
+
+void TestUniqueFile::uniqueFileCountsOn() {
+  QStringList asked;
+  const auto isTaken = [&asked](const QString &name) {
+    asked.append(QFileInfo(name).fileName());
+    return !name.endsWith(u"-9.mp4"_s);
+  };
+  quint64 number = 7;
+  QCOMPARE(ostrak::uniqueFile(path(u"nine.mp4"_s), isTaken, number), path(u"nine-9.mp4"_s));
+  QCOMPARE(number, quint64(9));
+  QCOMPARE(asked, QStringList({u"nine.mp4"_s, u"nine-7.mp4"_s, u"nine-8.mp4"_s, u"nine-9.mp4"_s}));
 }
 
 void TestUniqueFile::uniqueFileOfALocation() {
