@@ -42,9 +42,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);
   connect(&m_intake, &Intake::drained, this, &AppDelegate::intakeDrained);
   connect(&m_intake, &Intake::refused, this, &AppDelegate::updateWindowTitle);
-  connect(&m_intake, &Intake::probed, this, [this] {
-    if (settingBool("AutoAdd")) addToQueue();
-  });
+  connect(&m_intake, &Intake::probed, this, &AppDelegate::recordShown);
   connect(&m_disposal, &SourceDisposal::idle, this, &AppDelegate::quitWhenIdle);
 }
 
@@ -121,13 +119,13 @@ AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
     return admission;
   }
   const ConversionJob *tried = nullptr;
+  const bool filesWait = !m_intake.importFiles().isEmpty();
   {
     const QScopedValueRollback admitting(m_admitting, true);
     m_claimed.claim(files);
     m_gate.jobAdded(*job, files.source);
     const bool atBottom = settingBool("InsertJobsAtBottom");
-    if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 &&
-        m_intake.importFiles().isEmpty()) {
+    if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 && !filesWait) {
       tried = job.get();
       m_queue.insertStarted(std::move(job), atBottom);
     } else {
@@ -137,7 +135,7 @@ AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
     updateWindowTitle();
     m_intake.clearFileInfo();
   }
-  if (m_intake.isIdle()) m_queue.startNextJobInQueue(tried);
+  if (!filesWait) m_queue.startNextJobInQueue(tried);
   return admission;
 }
 
@@ -152,6 +150,13 @@ void AppDelegate::refuse(const ConversionJob &job, const QString &message, const
 // is not to be lost with it.
 void AppDelegate::leaveShown() {
   if (!m_intake.isScanning()) m_intake.cancelAdd();
+}
+
+// Nothing waits behind the last record, and the user may look at it for hours: what is queued does
+// not wait for that.
+void AppDelegate::recordShown() {
+  if (settingBool("AutoAdd") && addToQueue()) return;
+  if (m_intake.importFiles().isEmpty()) m_queue.startNextJobInQueue();
 }
 
 void AppDelegate::intakeDrained() {

@@ -99,6 +99,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void refuse(const ConversionJob &job, const QString &message, const QString &button);
   void leaveShown();
   void updateWindowTitle();
+  void recordShown();
   void intakeDrained();
   void checkDisposals();
   void disposeOfReady();
