@@ -3,9 +3,24 @@
 #include <QScopeGuard>
 #include <algorithm>
 
+#include "Defaults.h"
 #include "Dispatch.h"
+#include "Format.h"
+#include "Ostrak.h"
+
+using namespace Qt::StringLiterals;
 
 namespace ostrak {
+namespace {
+
+// The setting that remembers the box. A waiting alert may outlive the library.
+QString silencingKey(const QString &identifier, Silencing silencing) {
+  if (silencing == Silencing::None || !tk) return {};
+  if (silencing == Silencing::ForEver) return makeString(u"_%@_asked"_s, identifier);
+  return makeString(u"_%@_%@_asked"_s, identifier, tk->appVersionString());
+}
+
+}  // namespace
 
 AlertQueue &AlertQueue::instance() {
   // Never destroyed: a thread that outlives the program's end may still post.
@@ -23,12 +38,32 @@ int AlertQueue::present(Alert &alert) {
   return m_presenter->present(alert);
 }
 
-void AlertQueue::post(Alert alert, std::function<void(int)> answered) {
+bool AlertQueue::isSilenced(const QString &identifier, Silencing silencing) {
+  const QString key = silencingKey(identifier, silencing);
+  return !key.isNull() && defaultInt(key) != 0;
+}
+
+void AlertQueue::presentUnlessSilenced(Alert &alert, Silencing silencing) {
+  if (!isSilenced(alert.identifier, silencing)) (void)presentAndRemember(alert, silencing);
+}
+
+int AlertQueue::presentAndRemember(Alert &alert, Silencing silencing) {
+  const int code = present(alert);
+  // While it was on the screen, another of the same kind may have been silenced.
+  const bool silenced = alert.value.toInt() != 0 || isSilenced(alert.identifier, silencing);
+  const QString key = silencingKey(alert.identifier, silencing);
+  if (!key.isNull()) setDefaultInt(key, silenced ? 1 : 0);
+  return code;
+}
+
+void AlertQueue::post(Alert alert, std::function<void(int)> answered, Silencing silencing) {
   {
     const QMutexLocker locker(&m_mutex);
-    const auto isEqual = [&alert](const Waiting &waiting) { return waiting.alert == alert; };
+    const auto isEqual = [&alert, silencing](const Waiting &waiting) {
+      return waiting.alert == alert && waiting.silencing == silencing;
+    };
     if (std::any_of(m_waiting.cbegin(), m_waiting.cend(), isEqual)) return;
-    m_waiting.append({std::move(alert), std::move(answered)});
+    m_waiting.append({std::move(alert), std::move(answered), silencing});
   }
   showNextSoon();
 }
@@ -43,14 +78,19 @@ void AlertQueue::showNextSoon() {
 
 void AlertQueue::showNext() {
   if (m_shown > 0) return;
-  Waiting next;
-  {
-    const QMutexLocker locker(&m_mutex);
-    if (m_waiting.isEmpty()) return;
-    next = m_waiting.takeFirst();
+  std::optional<Waiting> next = takeNext();
+  if (!next) return;
+  const int code = presentAndRemember(next->alert, next->silencing);
+  if (next->answered) next->answered(code);
+}
+
+std::optional<AlertQueue::Waiting> AlertQueue::takeNext() {
+  const QMutexLocker locker(&m_mutex);
+  while (!m_waiting.isEmpty()) {
+    Waiting next = m_waiting.takeFirst();
+    if (!isSilenced(next.alert.identifier, next.silencing)) return next;
   }
-  const int code = present(next.alert);
-  if (next.answered) next.answered(code);
+  return {};
 }
 
 }  // namespace ostrak

@@ -3,10 +3,14 @@
 #include <QList>
 #include <QMutex>
 #include <functional>
+#include <optional>
 
 #include "Alerts.h"
 
 namespace ostrak {
+
+// For how long "don't warn again" holds for an alert's identifier.
+enum class Silencing { None, ForVersion, ForEver };
 
 // The one place where alerts reach the presenter: one at a time, posted ones in their order, and
 // none while another is on the screen.
@@ -18,17 +22,27 @@ class AlertQueue final {
   void setPresenter(AlertPresenter *presenter) { m_presenter = presenter; }
   // Main thread: at once, also while another alert is on the screen.
   int present(Alert &alert);
-  // Any thread.
-  void post(Alert alert, std::function<void(int code)> answered);
+  // Main thread: the same, unless it is silenced. Its box is remembered; nothing un-silences.
+  void presentUnlessSilenced(Alert &alert, Silencing silencing);
+  // Any thread. Whether it is silenced is looked up when its turn has come; then it is dropped
+  // together with `answered`.
+  void post(Alert alert, std::function<void(int code)> answered,
+            Silencing silencing = Silencing::None);
+  // Main thread.
+  [[nodiscard]] static bool isSilenced(const QString &identifier, Silencing silencing);
 
  private:
   struct Waiting {
     Alert alert;
     std::function<void(int code)> answered;
+    Silencing silencing = Silencing::None;
   };
 
+  int presentAndRemember(Alert &alert, Silencing silencing);
   void showNextSoon();
   void showNext();
+  // The next one that is to be shown; nothing when none is left.
+  [[nodiscard]] std::optional<Waiting> takeNext();
 
   AlertPresenter *m_presenter = nullptr;
   int m_shown = 0;  // alerts on the screen

@@ -1,7 +1,6 @@
 #include "Alerts.h"
 
 #include "AlertQueue.h"
-#include "Defaults.h"
 #include "Dispatch.h"
 #include "Format.h"
 #include "Ostrak.h"
@@ -47,17 +46,7 @@ QString matrixTitle(const QString &item) {
   return makeString(u"%@ […] %@"_s, item.first(keptEnd), item.last(keptEnd));
 }
 
-QString versionKey(const QString &identifier) {
-  return makeString(u"_%@_%@_asked"_s, identifier, tk->appVersionString());
-}
-
-void showUnlessSilenced(const QString &key, Alert made) {
-  if (defaultInt(key) != 0) return;
-  presentAlert(made);
-  setDefaultInt(key, made.value.toInt() != 0 ? 1 : 0);
-}
-
-void silenceable(const QString &key, const QString &identifier, const QString &title,
+void silenceable(Silencing silencing, const QString &identifier, const QString &title,
                  const QString &message, const QString &defaultButton, const QString &checkboxTitle,
                  const QString &subject) {
   Alert made;
@@ -70,9 +59,9 @@ void silenceable(const QString &key, const QString &identifier, const QString &t
   made.value = 0;
   made.subject = subject;
   if (onMainThread()) {
-    showUnlessSilenced(key, std::move(made));
+    AlertQueue::instance().presentUnlessSilenced(made, silencing);
   } else {
-    dispatch_async_main([key, made] { showUnlessSilenced(key, made); });
+    AlertQueue::instance().post(std::move(made), {}, silencing);
   }
 }
 
@@ -88,6 +77,10 @@ int presentAlert(Alert &alert) {
 
 void postAlert(Alert alert, std::function<void(int)> answered) {
   AlertQueue::instance().post(std::move(alert), std::move(answered));
+}
+
+void postSilenceableAlert(Alert alert) {
+  AlertQueue::instance().post(std::move(alert), {}, Silencing::ForVersion);
 }
 
 int alert(const QString &title, const QString &message, const QString &defaultButton,
@@ -155,19 +148,19 @@ int alert_selection_matrix(const QString &message, const QStringList &buttons,
 void alert_dontwarnagain_version(const QString &identifier, const QString &title,
                                  const QString &message, const QString &defaultButton,
                                  const QString &checkboxTitle, const QString &subject) {
-  silenceable(versionKey(identifier), identifier, title, message, defaultButton, checkboxTitle,
+  silenceable(Silencing::ForVersion, identifier, title, message, defaultButton, checkboxTitle,
               subject);
 }
 
 void alert_dontwarnagain_ever(const QString &identifier, const QString &title,
                               const QString &message, const QString &defaultButton,
                               const QString &checkboxTitle, const QString &subject) {
-  silenceable(makeString(u"_%@_asked"_s, identifier), identifier, title, message, defaultButton,
-              checkboxTitle, subject);
+  silenceable(Silencing::ForEver, identifier, title, message, defaultButton, checkboxTitle,
+              subject);
 }
 
 bool isSilencedForVersion(const QString &identifier) {
-  return defaultInt(versionKey(identifier)) != 0;
+  return AlertQueue::isSilenced(identifier, Silencing::ForVersion);
 }
 
 }  // namespace ostrak

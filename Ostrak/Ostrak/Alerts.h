@@ -61,6 +61,10 @@ int presentAlert(Alert &alert);
 // one that is still waiting is dropped, and so is its `answered`. Never waits.
 void postAlert(Alert alert, std::function<void(int code)> answered = {});
 
+// The same for an alert with Control::Suppression: dropped when its identifier has been silenced
+// for this version by the time its turn has come; its box is remembered.
+void postSilenceableAlert(Alert alert);
+
 // `title` and `message` with up to three buttons; a null title leaves a button out.
 int alert(const QString &title, const QString &message, const QString &defaultButton = {},
           const QString &alternateButton = {}, const QString &otherButton = {});
@@ -84,7 +88,7 @@ int alert_selection_matrix(const QString &message, const QStringList &buttons,
                            const QStringList &items, int &selected);
 
 // Alerts that the user can silence, until the version changes or for ever. From any thread: on the
-// main thread they are shown at once, from another they are queued there.
+// main thread they are shown at once, from another they are posted.
 void alert_dontwarnagain_version(const QString &identifier, const QString &title,
                                  const QString &message, const QString &defaultButton,
                                  const QString &checkboxTitle, const QString &subject = {});

@@ -20,8 +20,7 @@ using ostrak::localized;
 // Tells about an error that one file caused, once the running handler is done: the batch goes on.
 void tellProblem(const QString &message, const ostrak::Exception &exception) {
   const QString details = exception.name() + u": "_s + exception.reason();
-  ostrak::dispatch_async_main(
-      [message, details] { ostrak::alert_feedback_nonfatal(message, details); });
+  ostrak::postFeedback(message, details);
 }
 
 ProbeRun brokenReport(const QString &path, const ostrak::Exception &exception) {

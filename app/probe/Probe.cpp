@@ -80,13 +80,12 @@ ProbeRun refused(const ProbeAlert &alert) {
   return run;
 }
 
-void raiseNow(const ostrak::Alert &alert) {
+void post(const ostrak::Alert &alert) {
   if (alert.identifier.isNull()) {
     ostrak::postAlert(alert);
-    return;
+  } else {
+    ostrak::postSilenceableAlert(alert);
   }
-  ostrak::alert_dontwarnagain_version(alert.identifier, alert.title, alert.message,
-                                      alert.buttons.value(0), alert.checkboxTitle, alert.subject);
 }
 
 }  // namespace
@@ -119,12 +118,10 @@ ProbeRun probeFile(const QUrl &source, const ProbeSettings &settings) {
 
 void raiseAlerts(const QList<ProbeAlert> &alerts) {
   for (const ProbeAlert &each : alerts) {
-    // Never inside the caller's own handler, which must not wait for people.
-    const auto raise = [alert = each.alert] { raiseNow(alert); };
     if (each.scheduled) {
-      ostrak::dispatch_after_main(raise, scheduledDelaySeconds);
+      ostrak::dispatch_after_main([alert = each.alert] { post(alert); }, scheduledDelaySeconds);
     } else {
-      ostrak::dispatch_async_main(raise);
+      post(each.alert);
     }
   }
 }

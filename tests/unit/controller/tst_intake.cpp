@@ -51,6 +51,7 @@ class TestIntake final : public QObject {
   void refusedAlertsReachTheUser();
   void listenerMayOpenTheNextFileFromARefusal();
   void brokenReportNeverEndsTheBatch();
+  void brokenReportsAreToldOneByOne();
   void settingsOfTheProbeAreReadEachTime();
   void intakeMayGoWhileAProbeRuns();
 
@@ -331,6 +332,21 @@ void TestIntake::brokenReportNeverEndsTheBatch() {
   QVERIFY(told.message.contains(u"a.mkv"_s));
   QVERIFY(told.message.contains(u"RangeException: no third word"_s));
   QVERIFY(m_program->opener().opened.isEmpty());
+}
+
+void TestIntake::brokenReportsAreToldOneByOne() {
+  m_prober->breakOn = {u"/a.mkv"_s, u"/b.mkv"_s};
+  auto &presenter = m_program->presenter();
+  QList<qsizetype> shownAtTheEnd;
+  presenter.setWhileShown([this, &presenter, &shownAtTheEnd](ostrak::Alert &) {
+    QVERIFY(QTest::qWaitFor([this] { return m_intake->state() == Intake::State::Showing; }));
+    shownAtTheEnd.append(presenter.presented.size());
+  });
+  presenter.answer(ostrak::secondButton);
+  presenter.answer(ostrak::secondButton);
+  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s, u"/c.mkv"_s});
+  QTRY_COMPARE(shownAtTheEnd, (QList<qsizetype>{1, 2}));
+  waitForShown(u"c.mkv"_s);
 }
 
 void TestIntake::settingsOfTheProbeAreReadEachTime() {

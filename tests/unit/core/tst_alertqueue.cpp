@@ -22,6 +22,9 @@ class TestAlertQueue final : public QObject {
   void showsAnEqualAgainOnceAnswered();
   void anAnswerMayRaiseAnother();
   void comesFromAnyThread();
+  void silencedWhileWaiting_data();
+  void silencedWhileWaiting();
+  void aTickedBoxIsNotUndone();
 
  private:
   [[nodiscard]] QStringList titles() const;
@@ -30,12 +33,16 @@ class TestAlertQueue final : public QObject {
   void showLikeAWindow();
 
   std::unique_ptr<ScratchProgram> m_program;
+  int m_nested = 0;      // alerts on the screen
+  int m_mostNested = 0;  // ever
 };
 
 void TestAlertQueue::init() {
   QTest::failOnWarning(QRegularExpression(u".?"_s));
   m_program.reset();
   m_program = std::make_unique<ScratchProgram>();
+  m_nested = 0;
+  m_mostNested = 0;
 }
 
 QStringList TestAlertQueue::titles() const {
@@ -52,10 +59,13 @@ Alert TestAlertQueue::titled(const QString &title) {
 }
 
 void TestAlertQueue::showLikeAWindow() {
-  m_program->presenter().setWhileShown([](Alert &) {
+  m_program->presenter().setWhileShown([this](Alert &shown) {
+    m_mostNested = qMax(m_mostNested, ++m_nested);
     QEventLoop loop;
     dispatch_async_main([&loop] { dispatch_async_main([&loop] { loop.quit(); }); });
     loop.exec();
+    --m_nested;
+    if (shown.control == Alert::Control::Suppression && shown.title == u"1") shown.value = 1;
   });
 }
 
@@ -128,6 +138,61 @@ void TestAlertQueue::comesFromAnyThread() {
   QVERIFY(titles().isEmpty());
   QTRY_VERIFY_WITH_TIMEOUT(onMain, 20000);
   QCOMPARE(titles(), QStringList{u"one"_s});
+}
+
+using Raise = void (*)(const QString &title);
+Q_DECLARE_METATYPE(Raise)
+
+void TestAlertQueue::silencedWhileWaiting_data() {
+  QTest::addColumn<Raise>("raise");
+  QTest::newRow("for this version") << +[](const QString &title) {
+    std::thread([&title] {
+      alert_dontwarnagain_version(u"warn"_s, title, u"m"_s, u"OK"_s, u"c"_s);
+    }).join();
+  };
+  QTest::newRow("for ever") << +[](const QString &title) {
+    std::thread([&title] {
+      alert_dontwarnagain_ever(u"warn"_s, title, u"m"_s, u"OK"_s, u"c"_s);
+    }).join();
+  };
+  QTest::newRow("as a value") << +[](const QString &title) {
+    Alert made = titled(title);
+    made.identifier = u"warn"_s;
+    made.control = Alert::Control::Suppression;
+    postSilenceableAlert(made);
+  };
+}
+
+void TestAlertQueue::silencedWhileWaiting() {
+  QFETCH(Raise, raise);
+  showLikeAWindow();
+  constexpr int many = 50;
+  for (int number = 1; number <= many; ++number)
+    raise(QString::number(number));
+  bool last = false;
+  postAlert(titled(u"last"_s), [&last](int) { last = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(last, 20000);
+  QCOMPARE(titles(), (QStringList{u"1"_s, u"last"_s}));
+  QCOMPARE(m_mostNested, 1);
+  raise(u"again"_s);
+  bool later = false;
+  postAlert(titled(u"later"_s), [&later](int) { later = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(later, 20000);
+  QCOMPARE(titles(), (QStringList{u"1"_s, u"last"_s, u"later"_s}));
+}
+
+void TestAlertQueue::aTickedBoxIsNotUndone() {
+  // Both on the main thread, the second while the first is on the screen.
+  const auto warn = [](const QString &title) {
+    alert_dontwarnagain_version(u"warn"_s, title, u"m"_s, u"OK"_s, u"c"_s);
+  };
+  m_program->presenter().setWhileShown([&warn](Alert &shown) {
+    if (shown.title == u"outer") warn(u"inner"_s);
+    shown.value = shown.title == u"inner" ? 1 : 0;
+  });
+  warn(u"outer"_s);
+  QCOMPARE(titles().size(), 2);
+  QVERIFY(isSilencedForVersion(u"warn"_s));
 }
 
 QTEST_GUILESS_MAIN(TestAlertQueue)
