@@ -162,7 +162,7 @@ void TestAdmission::takenDestinationIsMadeUniqueAtTheStart() {
 
 void TestAdmission::noRoomStaysQueuedAndTheNextIsTried() {
   m_p->controller->pauseContinueClicked(true);
-  const ConversionJob *small = m_p->add(u"small.mkv"_s);
+  const ConversionJob *small = m_p->add(u"smallslow.mkv"_s);
   QFile large(m_p->movie(u"large.mkv"_s));
   QVERIFY(large.resize(1000));
   QCOMPARE(admit(large.fileName(), m_p->path(u"large.m4v"_s)), AppDelegate::Admission::added);
@@ -174,7 +174,7 @@ void TestAdmission::noRoomStaysQueuedAndTheNextIsTried() {
   QCOMPARE(m_p->count(JobStateQueued), 1);
   QTRY_COMPARE(told(), QStringList(u"There is not enough free space on your target disk for "
                                    "conversion."_s));
-  QCOMPARE(m_p->names(), QStringList({u"large.mkv"_s, u"small.mkv"_s}));
+  QCOMPARE(m_p->names(), QStringList({u"large.mkv"_s, u"smallslow.mkv"_s}));
 }
 
 void TestAdmission::noRoomIsTriedAgainLater() {
