@@ -84,7 +84,8 @@ std::optional<QString> folderOfBookmark(const QByteArray &bookmark) {
   const std::optional<Identity> there = identityOfFolder(path);
   if (there && there->isSame(wanted)) return path;
   if (const std::optional<QString> renamed = renamedFolder(path, wanted)) return renamed;
-  if (there) return path;
+  // An empty mount point of an unmounted disk is another file system's.
+  if (there && there->fileSystem == wanted.fileSystem) return path;
   return {};
 }
 

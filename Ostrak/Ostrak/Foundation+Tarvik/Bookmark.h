@@ -13,7 +13,8 @@ namespace ostrak {
 [[nodiscard]] std::optional<QByteArray> bookmarkOfFolder(const QString &folder);
 
 // Where the folder is now: at its path; else under another name beside it, or below an ancestor
-// that was renamed; else whatever folder stands at its path by now. Nothing when it is gone.
+// that was renamed; else whatever folder of the same file system stands at its path by now. Nothing
+// when it is gone.
 [[nodiscard]] std::optional<QString> folderOfBookmark(const QByteArray &bookmark);
 
 }  // namespace ostrak
