@@ -7,9 +7,13 @@
 #include <QThreadPool>
 #include <QTimer>
 #include <chrono>
+#include <condition_variable>
 #include <exception>
 #include <limits>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 namespace ostrak {
 namespace {
@@ -36,7 +40,13 @@ class MainQueue final {
     return QMetaObject::invokeMethod(receiver, std::move(block), Qt::QueuedConnection);
   }
 
-  // Called by the application object on its way out.
+  // Runs `action` unless the queue is closed, and while it cannot be closed.
+  void whileOpen(const std::function<void()> &action) {
+    const QMutexLocker locker(&m_mutex);
+    if (openReceiver()) action();
+  }
+
+  // Drops what waits, and all that comes until the queue is open again.
   void close() {
     std::unique_ptr<QObject> receiver;
     {
@@ -44,6 +54,17 @@ class MainQueue final {
       m_closed = true;
       receiver = std::move(m_receiver);
     }
+  }
+
+  void open() {
+    const QMutexLocker locker(&m_mutex);
+    m_closed = false;
+  }
+
+  // Called by the application object on its way out.
+  void forgetApplication() {
+    const QMutexLocker locker(&m_mutex);
+    m_registered = false;
   }
 
  private:
@@ -57,7 +78,7 @@ class MainQueue final {
     if (!m_receiver) {
       m_receiver = std::make_unique<QObject>();
       m_receiver->moveToThread(application->thread());
-      qAddPostRoutine(closeQueues);
+      if (!std::exchange(m_registered, true)) qAddPostRoutine(closeQueues);
     }
     return m_receiver.get();
   }
@@ -65,9 +86,10 @@ class MainQueue final {
   QMutex m_mutex;
   std::unique_ptr<QObject> m_receiver;
   bool m_closed = false;
+  bool m_registered = false;  // for the end of the application object
 };
 
-// Neither is ever destroyed: a block that still runs when the process ends may come here.
+// None of them is ever destroyed: a block that still runs when the process ends may come here.
 MainQueue &mainQueue() {
   static auto *queue = new MainQueue;
   return *queue;
@@ -84,12 +106,70 @@ QThreadPool &workers() {
   return *pool;
 }
 
-void closeQueues() {
-  // Running blocks get this long to notice the end; then the process ends under them.
+// Blocks that wait for their moment to go to the back. One worker watches over them, since the main
+// thread may be busy.
+class DelayedBlocks final {
+ public:
+  void add(Moment due, Block block) {
+    const std::lock_guard lock(m_mutex);
+    m_waiting.emplace(due, std::move(block));
+    m_changed.notify_all();
+    if (!std::exchange(m_watched, true)) workers().start([this, round = m_round] { watch(round); });
+  }
+
+  // Lets the watching worker go.
+  void drop() {
+    // What they hold goes after the lock.
+    std::multimap<Moment, Block> dropped;
+    const std::lock_guard lock(m_mutex);
+    dropped.swap(m_waiting);
+    ++m_round;
+    m_watched = false;
+    m_changed.notify_all();
+  }
+
+ private:
+  void watch(quint64 round) {
+    // A moment too far away would overflow in systems that wait by another clock.
+    constexpr auto longestWait = std::chrono::hours(24);
+    std::unique_lock lock(m_mutex);
+    while (round == m_round && !m_waiting.empty()) {
+      const auto next = m_waiting.begin();
+      const Moment now = std::chrono::steady_clock::now();
+      if (next->first > now) {
+        m_changed.wait_until(lock, std::min(next->first, now + longestWait));
+      } else {
+        dispatch_async_back(std::move(m_waiting.extract(next).mapped()));
+      }
+    }
+    if (round == m_round) m_watched = false;
+  }
+
+  std::mutex m_mutex;
+  std::condition_variable m_changed;
+  std::multimap<Moment, Block> m_waiting;
+  bool m_watched = false;
+  quint64 m_round = 0;  // counts the drops
+};
+
+DelayedBlocks &delayedBlocks() {
+  static auto *blocks = new DelayedBlocks;
+  return *blocks;
+}
+
+void endAll() {
+  // Running blocks get this long to notice the end.
   constexpr milliseconds patience{2000};
-  workers().clear();
   mainQueue().close();
+  delayedBlocks().drop();
+  workers().clear();
   workers().waitForDone(static_cast<int>(patience.count()));
+}
+
+void closeQueues() {
+  // Workers that still run have the process end under them.
+  endAll();
+  mainQueue().forgetApplication();
 }
 
 // Tells its waiter when it goes, whether its block has run or was dropped.
@@ -185,7 +265,8 @@ void dispatch_sync_back(const Block &block) {
 }
 
 void dispatch_after_back(Block block, float seconds) {
-  dispatch_after_main([block = std::move(block)] { dispatch_async_back(block); }, seconds);
+  mainQueue().whileOpen(
+      [due = momentAfter(seconds), &block] { delayedBlocks().add(due, std::move(block)); });
 }
 
 bool dispatch_sync_back_timeout(Block block, float seconds) {
@@ -197,6 +278,11 @@ bool dispatch_sync_back_timeout(Block block, float seconds) {
   constexpr milliseconds::rep longest = std::numeric_limits<int>::max();
   return !done->tryAcquire(1,
                            static_cast<int>(qBound<milliseconds::rep>(0, left.count(), longest)));
+}
+
+void dispatch_end() {
+  endAll();
+  mainQueue().open();
 }
 
 }  // namespace ostrak

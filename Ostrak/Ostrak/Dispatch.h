@@ -17,9 +17,14 @@ void dispatch_sync_main(const Block &block);
 void dispatch_after_main(Block block, float seconds);
 void dispatch_async_back(Block block);
 void dispatch_sync_back(const Block &block);
+// In time also while main is busy. Without an application object the block is dropped.
 void dispatch_after_back(Block block, float seconds);
 // Waits at most `seconds` for the block, which runs on. True when the wait timed out.
 [[nodiscard]] bool dispatch_sync_back_timeout(Block block, float seconds);
+
+// Main thread, before something goes that blocks use: drops all waiting work, lets go of workers
+// that wait for main, and waits up to two seconds for the running ones. Later work is taken again.
+void dispatch_end();
 
 [[nodiscard]] bool onMainThread();
 

@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "Dispatch.h"
 #include "KeyboardModifiers.h"
 #include "Logging.h"
 #include "SupportMail.h"
@@ -32,6 +33,7 @@ Ostrak::Ostrak(OstrakSetup setup)
 }
 
 Ostrak::~Ostrak() {
+  dispatch_end();
   if (tk == this) tk = nullptr;
 }
 

@@ -43,6 +43,7 @@ class Ostrak final {
   // Sets `tk`, opens the settings store, creates the support folder with its parents (errors are
   // ignored; not with Persistence::InMemory) and installs the handler for uncaught exceptions.
   explicit Ostrak(OstrakSetup setup);
+  // Main thread: ends the work of other threads first, which may use `tk`, see dispatch_end.
   ~Ostrak();
   Ostrak(const Ostrak &) = delete;
   Ostrak &operator=(const Ostrak &) = delete;

@@ -29,6 +29,7 @@ class TestDispatch final : public QObject {
   void nestedSyncBackNeverStarves();
   void waitingWorkersDoNotStarveOthers();
   void afterBackRunsElsewhere();
+  void afterBackDoesNotNeedMain();
   void timeoutTimesOut();
   void timeoutEndsInTime();
 };
@@ -171,6 +172,22 @@ void TestDispatch::afterBackRunsElsewhere() {
   QTRY_VERIFY_WITH_TIMEOUT(elapsed >= 0, 20000);
   QVERIFY(elapsed >= 50);
   QVERIFY(!onMain);
+}
+
+void TestDispatch::afterBackDoesNotNeedMain() {
+  QSemaphore early;
+  QSemaphore late;
+  bool ordered = false;
+  dispatch_after_back([] {}, 3600.0F);
+  dispatch_after_back(
+      [&] {
+        ordered = early.tryAcquire(1, 20000);
+        late.release();
+      },
+      0.05F);
+  dispatch_after_back([&early] { early.release(); }, 0.01F);
+  QVERIFY(late.tryAcquire(1, 20000));
+  QVERIFY(ordered);
 }
 
 void TestDispatch::timeoutTimesOut() {

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "Dispatch.h"
+#include "Ostrak.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -18,6 +19,8 @@ class TestDispatchEnd final : public QObject {
   void waitingBlocksAreDropped();
   void aWaitingWorkerIsLetGo();
   void aSecondApplicationStartsAfresh();
+  void withoutAnApplicationNothingIsDelayed();
+  void theLibraryWaitsForWorkers();
 };
 
 namespace {
@@ -47,7 +50,8 @@ void TestDispatchEnd::waitingBlocksAreDropped() {
     const QCoreApplication application(argumentCount, argumentTexts);
     dispatch_async_main([&ran, witness] { ran = true; });
     dispatch_after_main([&ran, witness] { ran = true; }, 0.001F);
-    QCOMPARE(witness.use_count(), 3);
+    dispatch_after_back([&ran, witness] { ran = true; }, 3600.0F);
+    QCOMPARE(witness.use_count(), 4);
   }
   QCOMPARE(witness.use_count(), 1);
   QVERIFY(!ran);
@@ -75,7 +79,40 @@ void TestDispatchEnd::aSecondApplicationStartsAfresh() {
     bool ran = false;
     dispatch_async_main([&ran] { ran = true; });
     QTRY_VERIFY_WITH_TIMEOUT(ran, 20000);
+    QSemaphore ranInTheBack;
+    dispatch_after_back([&ranInTheBack] { ranInTheBack.release(); }, 0.001F);
+    QVERIFY(ranInTheBack.tryAcquire(1, 20000));
   }
+}
+
+void TestDispatchEnd::withoutAnApplicationNothingIsDelayed() {
+  const auto witness = std::make_shared<int>(0);
+  dispatch_after_back([witness] {}, 0.0F);
+  QCOMPARE(witness.use_count(), 1);
+}
+
+void TestDispatchEnd::theLibraryWaitsForWorkers() {
+  const QCoreApplication application(argumentCount, argumentTexts);
+  auto library =
+      std::make_unique<Ostrak>(OstrakSetup{.persistence = UserDefaults::Persistence::InMemory,
+                                           .systemLog = [](int, const QString &) {}});
+  const auto finished = std::make_shared<std::atomic<bool>>(false);
+  const auto sawLibrary = std::make_shared<std::atomic<bool>>(false);
+  QSemaphore started;
+  dispatch_async_back([finished, sawLibrary, &started] {
+    started.release();
+    // Held here until the library's end lets go of it.
+    dispatch_sync_main([] {});
+    *sawLibrary = tk != nullptr;
+    *finished = true;
+  });
+  started.acquire();
+  library.reset();
+  QVERIFY(*finished);
+  QVERIFY(*sawLibrary);
+  bool ran = false;
+  dispatch_async_main([&ran] { ran = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(ran, 20000);
 }
 
 QTEST_APPLESS_MAIN(TestDispatchEnd)
