@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
+#include <chrono>
 
 #include "ChildProcess.h"
 #include "Defaults.h"
@@ -24,7 +25,11 @@ using ostrak::tk;
 
 namespace {
 
+using End = ostrak::ChildResult::End;
+using std::chrono::milliseconds;
+
 constexpr float scheduledDelaySeconds = 0.1F;
+constexpr milliseconds forEver{-1};
 
 // Joined to the working folder; nothing is resolved or collapsed. A relative name could be read as
 // a protocol by the tool.
@@ -60,18 +65,19 @@ std::optional<FileRefusal> refusalOf(const QString &path) {
 
 struct ToolRun {
   bool started = false;
+  bool stopped = false;  // at the deadline
   bool processRefused = false;
   QString report;
 };
 
-ToolRun runTool(const QString &path) {
+ToolRun runTool(const QString &path, milliseconds deadline = forEver) {
   if (!toolCanRun()) return {};
   const ostrak::ChildSetup setup{toolPath(), {u"-i"_s, path}, toolVariablesToRemove()};
   QByteArray output;
-  const ostrak::ChildResult result = ostrak::runChild(setup, output);
-  const bool started = result.end != ostrak::ChildResult::End::FailedToStart;
+  const ostrak::ChildResult result = ostrak::runChild(setup, output, deadline);
+  const bool started = result.end != End::FailedToStart;
   // A tag can hold bytes that are no UTF-8: each becomes a replacement character.
-  return {started, result.processRefused, QString::fromUtf8(output)};
+  return {started, result.end == End::Stopped, result.processRefused, QString::fromUtf8(output)};
 }
 
 ProbeRun refused(const ProbeAlert &alert) {
@@ -149,10 +155,16 @@ std::optional<MKVFileInfo> initWithURL(const QUrl &source,
 }
 
 qint32 durationOfFile(const QUrl &source) {
+  // A source whose duration is not known in this time is kept.
+  constexpr milliseconds patience{30'000};
+  return durationWithin(source, patience);
+}
+
+qint32 durationWithin(const QUrl &source, milliseconds patience) {
   const QString path = absolutePath(source);
   if (refusalOf(path)) return -1;
-  const ToolRun tool = runTool(path);
-  if (!tool.started) return -1;
+  const ToolRun tool = runTool(path, patience);
+  if (!tool.started || tool.stopped) return -1;
   return durationInReport(tool.report, QUrl::fromLocalFile(path)).value_or(-1);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QUrl>
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -43,7 +44,10 @@ void raiseAlerts(const ProbeRun &run,
 [[nodiscard]] std::optional<MKVFileInfo> initWithURL(
     const QUrl &source, const std::function<void(int status)> &exitProgram = quitProgram);
 
-// Whole seconds, or -1 when the report does not have exactly one "Duration: " line.
+// Whole seconds, or -1 when the report does not have exactly one "Duration: " line, or does not
+// come within 30 seconds.
 [[nodiscard]] qint32 durationOfFile(const QUrl &source);
+// The same with another patience.
+[[nodiscard]] qint32 durationWithin(const QUrl &source, std::chrono::milliseconds patience);
 
 }  // namespace decant

@@ -38,6 +38,7 @@ class TestProbeRefusals final : public QObject {
   void initWithURLGivesTheRecord();
   void silencedAlertsAreListedButNotShown();
   void heAacSettingIsRead();
+  void durationOfAToolThatHangs();
   void refusedProcessExits();
   void quittingEndsTheEventLoop();
 
@@ -264,6 +265,19 @@ void TestProbeRefusals::heAacSettingIsRead() {
   const auto record = initOnWorker(samples::write(u"a.mkv"_s, "x"));
   QCOMPARE(record->audioTrackInformation.first().text, u"#1: eng (he-aac)"_s);
   QTRY_COMPARE(m_program->presenter().presented.size(), 2);
+}
+
+void TestProbeRefusals::durationOfAToolThatHangs() {
+  m_program->setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  Scenario scenario(m_program->toolPath() + u".scenario"_s);
+  scenario.probe(u"slow.mkv"_s).printError(goodReport).hang();
+  scenario.probe().printError(goodReport);
+  QVERIFY(scenario.write());
+  const auto durationOf = [](const QString &name, std::chrono::milliseconds patience) {
+    return decant::durationWithin(QUrl::fromLocalFile(samples::write(name, "x")), patience);
+  };
+  QCOMPARE(durationOf(u"quick.mkv"_s, std::chrono::seconds(60)), 60);
+  QCOMPARE(durationOf(u"slow.mkv"_s, std::chrono::milliseconds(500)), -1);
 }
 
 void TestProbeRefusals::refusedProcessExits() {
