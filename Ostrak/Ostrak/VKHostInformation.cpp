@@ -36,20 +36,23 @@ QString VKHostInformation::machineType() {
 
 bool VKHostInformation::isUserAdmin() {
   const QString user = accountName();
-  if (user.isEmpty()) return false;
   std::vector<char> buffer(databaseBuffer);
   group entry{};
   group *found = nullptr;
   if (getgrnam_r("admin", &entry, buffer.data(), buffer.size(), &found) != 0 || !found)
     return false;
-  for (char **member = found->gr_mem; *member; ++member) {
-    if (QString::fromLocal8Bit(*member) == user) return true;
-  }
-  return false;
+  QStringList members;
+  for (char **member = found->gr_mem; *member; ++member)
+    members.append(QString::fromLocal8Bit(*member));
+  return isListedMember(user, members);
 }
 
 QString VKHostInformation::systemVersion() {
   return QSysInfo::prettyProductName() + u' ' + QSysInfo::kernelVersion();
+}
+
+bool isListedMember(const QString &user, const QStringList &members) {
+  return !user.isEmpty() && members.contains(user, Qt::CaseSensitive);
 }
 
 QString _machineType() {

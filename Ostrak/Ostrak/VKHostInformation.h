@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace ostrak {
 
@@ -16,6 +17,9 @@ class VKHostInformation final {
   // The name of the operating system with its version, and the kernel's version.
   [[nodiscard]] static QString systemVersion();
 };
+
+// Whether a group with these members lists the account; one without a name is never listed.
+[[nodiscard]] bool isListedMember(const QString &user, const QStringList &members);
 
 [[nodiscard]] QString _machineType();
 [[nodiscard]] bool _isUserAdmin();

@@ -15,6 +15,8 @@ class TestHostInfo final : public QObject {
  private Q_SLOTS:
   void machineType();
   void admin();
+  void listedMember_data();
+  void listedMember();
   void systemVersion();
 
  private:
@@ -53,6 +55,30 @@ void TestHostInfo::admin() {
                               }).split(u',');
   QCOMPARE(VKHostInformation::isUserAdmin(), !user.isEmpty() && members.contains(user));
   QCOMPARE(ostrak::_isUserAdmin(), VKHostInformation::isUserAdmin());
+}
+
+void TestHostInfo::listedMember_data() {
+  QTest::addColumn<QString>("user");
+  QTest::addColumn<QStringList>("members");
+  QTest::addColumn<bool>("listed");
+  const QStringList members{u"anna"_s, u"Bert"_s, u"jörg"_s};
+  QTest::newRow("first") << u"anna"_s << members << true;
+  QTest::newRow("last") << u"jörg"_s << members << true;
+  QTest::newRow("stranger") << u"carl"_s << members << false;
+  QTest::newRow("other case") << u"bert"_s << members << false;
+  QTest::newRow("beginning of a member") << u"ann"_s << members << false;
+  QTest::newRow("longer than a member") << u"anna2"_s << members << false;
+  QTest::newRow("blank after it") << u"anna "_s << members << false;
+  QTest::newRow("no members") << u"anna"_s << QStringList() << false;
+  QTest::newRow("no name") << QString() << members << false;
+  QTest::newRow("no name, empty member") << u""_s << QStringList{u""_s} << false;
+}
+
+void TestHostInfo::listedMember() {
+  QFETCH(QString, user);
+  QFETCH(QStringList, members);
+  QFETCH(bool, listed);
+  QCOMPARE(ostrak::isListedMember(user, members), listed);
 }
 
 void TestHostInfo::systemVersion() {
