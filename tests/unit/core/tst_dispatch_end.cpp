@@ -93,9 +93,10 @@ void TestDispatchEnd::withoutAnApplicationNothingIsDelayed() {
 
 void TestDispatchEnd::theLibraryWaitsForWorkers() {
   const QCoreApplication application(argumentCount, argumentTexts);
-  auto library =
-      std::make_unique<Ostrak>(OstrakSetup{.persistence = UserDefaults::Persistence::InMemory,
-                                           .systemLog = [](int, const QString &) {}});
+  OstrakSetup setup;
+  setup.persistence = UserDefaults::Persistence::InMemory;
+  setup.systemLog = [](int, const QString &) {};
+  auto library = std::make_unique<Ostrak>(std::move(setup));
   const auto finished = std::make_shared<std::atomic<bool>>(false);
   const auto sawLibrary = std::make_shared<std::atomic<bool>>(false);
   QSemaphore started;
