@@ -119,6 +119,8 @@ void TestAdmission::sourceOfAnotherJobIsRefused() {
            AppDelegate::Admission::destinationIsSource);
   QCOMPARE(admit(m_p->movie(u"3.mkv"_s), second), AppDelegate::Admission::destinationIsSource);
   QCOMPARE(m_p->names(), QStringList({u"2.mp4"_s, u"1slow.mkv"_s}));
+  // An alert that is still on its way would come to the next test.
+  QTRY_VERIFY(!told().isEmpty());
 }
 
 void TestAdmission::twoJobsNeverShareADestination() {
