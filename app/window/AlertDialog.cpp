@@ -1,0 +1,221 @@
+#include "AlertDialog.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ostrak {
+
+namespace {
+
+constexpr int controlWidth = 310;
+constexpr int controlHeight = 24;
+constexpr int textAreaHeight = 200;
+constexpr int choiceWidth = 269;
+constexpr int choiceHeight = 17;
+constexpr int textWidth = 420;
+constexpr qsizetype longestTitle = 150;
+constexpr qsizetype keptOfTitle = 70;
+
+template <typename Control>
+Control *sized(Control *control) {
+  control->setMinimumSize(controlWidth, controlHeight);
+  return control;
+}
+
+// A button that shows a colour and lets it be chosen.
+QPushButton *colorButton(const QString &color, QWidget *parent) {
+  auto *button = sized(new QPushButton(color, parent));
+  const auto show = [button](const QColor &chosen) {
+    QPixmap swatch(button->iconSize());
+    swatch.fill(chosen);
+    button->setIcon(QIcon(swatch));
+    button->setText(chosen.name());
+  };
+  show(QColor(color));
+  QObject::connect(button, &QPushButton::clicked, button, [button, show] {
+    const QColor chosen = QColorDialog::getColor(QColor(button->text()), button);
+    if (chosen.isValid()) show(chosen);
+  });
+  return button;
+}
+
+QLabel *label(const QString &text, const QString &name, QWidget *parent) {
+  auto *made = new QLabel(text, parent);
+  made->setObjectName(name);
+  made->setTextFormat(Qt::PlainText);
+  made->setWordWrap(true);
+  made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  made->setMinimumWidth(textWidth);
+  return made;
+}
+
+}  // namespace
+
+AlertDialog::AlertDialog(Alert &alert, QWidget *parent) : QDialog(parent), m_alert(alert) {
+  setWindowTitle(QApplication::applicationDisplayName());
+  setObjectName(u"alert"_s);
+  setAccessibleName(alert.title);
+  setAccessibleDescription(alert.message);
+  auto *row = new QHBoxLayout(this);
+  row->setSpacing(16);
+  row->setContentsMargins(20, 20, 20, 16);
+  auto *icon = new QLabel(this);
+  const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(size));
+  icon->setAccessibleName(localized(u"Information"_s));
+  row->addWidget(icon, 0, Qt::AlignTop);
+  auto *column = new QVBoxLayout;
+  column->setSpacing(10);
+  row->addLayout(column, 1);
+  addTexts(*column);
+  addControl(*column);
+  addButtons(*column);
+}
+
+AlertDialog::~AlertDialog() = default;
+
+void AlertDialog::addTexts(QVBoxLayout &column) {
+  auto *title = label(m_alert.title, u"alertTitle"_s, this);
+  QFont bold = title->font();
+  bold.setBold(true);
+  title->setFont(bold);
+  column.addWidget(title);
+  if (m_alert.message.isEmpty()) return;
+  column.addWidget(label(m_alert.message, u"alertMessage"_s, this));
+}
+
+void AlertDialog::addControl(QVBoxLayout &column) {
+  switch (m_alert.control) {
+    case Alert::Control::None:
+      return;
+    case Alert::Control::Suppression:
+    case Alert::Control::Checkbox: {
+      auto *box = sized(new QCheckBox(m_alert.checkboxTitle, this));
+      box->setChecked(m_alert.value.toBool());
+      m_control = box;
+      break;
+    }
+    case Alert::Control::Color:
+      m_control = colorButton(m_alert.value.toString(), this);
+      break;
+    case Alert::Control::MultilineText:
+      m_control = new QPlainTextEdit(this);
+      m_control->setMinimumSize(controlWidth, textAreaHeight);
+      break;
+    case Alert::Control::Text:
+    case Alert::Control::SecureText: {
+      auto *field = sized(new QLineEdit(m_alert.value.toString(), this));
+      if (m_alert.control == Alert::Control::SecureText) field->setEchoMode(QLineEdit::Password);
+      m_control = field;
+      break;
+    }
+    case Alert::Control::Popup: {
+      auto *popup = sized(new QComboBox(this));
+      popup->addItems(m_alert.items);
+      m_control = popup;
+      break;
+    }
+    case Alert::Control::Matrix:
+      addChoices(column);
+      return;
+  }
+  m_control->setObjectName(u"alertControl"_s);
+  m_control->setAccessibleName(m_alert.checkboxTitle.isEmpty() ? m_alert.title
+                                                               : m_alert.checkboxTitle);
+  column.addWidget(m_control);
+}
+
+void AlertDialog::addChoices(QVBoxLayout &column) {
+  m_control = new QWidget(this);
+  m_control->setObjectName(u"alertControl"_s);
+  auto *choices = new QVBoxLayout(m_control);
+  choices->setContentsMargins(0, 0, 0, 0);
+  auto *group = new QButtonGroup(m_control);
+  for (int index = 0; index < m_alert.items.size(); ++index) {
+    auto *choice = new QRadioButton(shortened(m_alert.items.at(index)), m_control);
+    choice->setObjectName(u"alertChoice%1"_s.arg(index));
+    choice->setMinimumSize(choiceWidth, choiceHeight);
+    group->addButton(choice, index);
+    choices->addWidget(choice);
+  }
+  if (QAbstractButton *first = group->button(0)) {
+    first->setChecked(true);
+    first->setFocus();
+  }
+  column.addWidget(m_control);
+}
+
+void AlertDialog::addButtons(QVBoxLayout &column) {
+  auto *box = new QDialogButtonBox(this);
+  const QStringList titles =
+      m_alert.buttons.isEmpty() ? QStringList{localized(u"OK"_s)} : m_alert.buttons;
+  for (int index = 0; index < titles.size(); ++index) {
+    const auto role = index == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole;
+    QPushButton *button = box->addButton(titles.at(index), role);
+    button->setObjectName(u"alertButton%1"_s.arg(index));
+    button->setDefault(index == 0);
+    const int code = firstButton + index;
+    connect(button, &QPushButton::clicked, this, [this, code] {
+      m_code = code;
+      done(Accepted);
+    });
+  }
+  m_code = firstButton + static_cast<int>(titles.size()) - 1;
+  column.addSpacing(6);
+  column.addWidget(box);
+}
+
+QVariant AlertDialog::controlValue() const {
+  if (const auto *box = qobject_cast<QCheckBox *>(m_control)) {
+    return m_alert.control == Alert::Control::Suppression ? QVariant(box->isChecked() ? 1 : 0)
+                                                          : QVariant(box->isChecked());
+  }
+  if (const auto *area = qobject_cast<QPlainTextEdit *>(m_control)) return area->toPlainText();
+  if (const auto *field = qobject_cast<QLineEdit *>(m_control)) return field->text();
+  if (const auto *button = qobject_cast<QPushButton *>(m_control)) return button->text();
+  if (const auto *popup = qobject_cast<QComboBox *>(m_control)) return popup->currentIndex();
+  if (m_control) {
+    if (const auto *group = m_control->findChild<QButtonGroup *>()) return group->checkedId();
+  }
+  return m_alert.value;
+}
+
+int AlertDialog::run() {
+  raise();
+  activateWindow();
+  exec();
+  m_alert.value = controlValue();
+  return m_code;
+}
+
+void AlertDialog::reject() {
+  done(Rejected);
+}
+
+QString AlertDialog::shortened(const QString &title) {
+  if (title.size() <= longestTitle) return title;
+  return title.first(keptOfTitle) + u" […] "_s + title.last(keptOfTitle);
+}
+
+int WindowAlertPresenter::present(Alert &alert) {
+  AlertDialog dialog(alert, QApplication::activeWindow());
+  return dialog.run();
+}
+
+}  // namespace ostrak

@@ -1,0 +1,53 @@
+#include "DestinationPopUp.h"
+
+#include <QComboBox>
+#include <QSignalBlocker>
+
+#include "DestinationFolders.h"
+#include "DestinationMenu.h"
+#include "Settings.h"
+
+namespace decant {
+
+DestinationPopUp::DestinationPopUp(QComboBox &menu, DestinationFolders &folders, QObject *parent)
+    : QObject(parent), m_menu(menu), m_folders(folders) {
+  connect(&menu, &QComboBox::activated, this, &DestinationPopUp::activated);
+  rebuild();
+}
+
+DestinationPopUp::~DestinationPopUp() = default;
+
+void DestinationPopUp::rebuild() {
+  const QSignalBlocker blocker(m_menu);
+  m_menu.clear();
+  for (const DestinationMenuItem &item : destinationMenu(m_folders.names())) {
+    if (item.kind == DestinationMenuItem::Kind::Separator) {
+      m_menu.insertSeparator(m_menu.count());
+    } else {
+      m_menu.addItem(item.title);
+    }
+  }
+  select(static_cast<int>(settingInt("DefaultDestination")));
+}
+
+void DestinationPopUp::select(int index) {
+  const QSignalBlocker blocker(m_menu);
+  m_selected = index >= 0 && index < m_menu.count() - 1 ? index : 0;
+  m_menu.setCurrentIndex(m_selected);
+}
+
+int DestinationPopUp::index() const {
+  return m_selected;
+}
+
+void DestinationPopUp::activated(int index) {
+  if (index == m_menu.count() - 1) {
+    select(m_selected);
+    Q_EMIT addFolderWanted();
+    return;
+  }
+  m_selected = index;
+  Q_EMIT picked(index);
+}
+
+}  // namespace decant

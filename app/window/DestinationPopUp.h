@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+
+class QComboBox;
+
+namespace decant {
+
+class DestinationFolders;
+
+// Fills one of the two destination menus and tells what the user picks. The command to add a folder
+// never stays selected. Main thread.
+class DestinationPopUp final : public QObject {
+  Q_OBJECT
+
+ public:
+  DestinationPopUp(QComboBox &menu, DestinationFolders &folders, QObject *parent);
+  ~DestinationPopUp() override;
+
+  // Fills the menu anew and selects "DefaultDestination".
+  void rebuild();
+  void select(int index);
+  [[nodiscard]] int index() const;
+
+ Q_SIGNALS:
+  // The user picked an entry other than the command.
+  void picked(int index);
+  // The user picked the command.
+  void addFolderWanted();
+
+ private:
+  void activated(int index);
+
+  QComboBox &m_menu;
+  DestinationFolders &m_folders;
+  int m_selected = 0;
+};
+
+}  // namespace decant

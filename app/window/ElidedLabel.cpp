@@ -1,0 +1,91 @@
+#include "ElidedLabel.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QResizeEvent>
+
+namespace ostrak {
+
+namespace {
+
+constexpr double hintSize = 0.9;      // of the label's own font
+constexpr double hintStrength = 0.7;  // of the text colour, the rest is background
+
+QColor mixed(const QColor &strong, const QColor &weak) {
+  const auto part = [](int a, int b) { return qRound(a * hintStrength + b * (1 - hintStrength)); };
+  return {part(strong.red(), weak.red()), part(strong.green(), weak.green()),
+          part(strong.blue(), weak.blue())};
+}
+
+}  // namespace
+
+ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+ElidedLabel::~ElidedLabel() = default;
+
+void ElidedLabel::setFullText(const QString &text) {
+  m_fullText = text;
+  m_fullText.replace(u'\n', QChar(0x2424));
+  elide();
+}
+
+void ElidedLabel::setElideMode(Qt::TextElideMode mode) {
+  m_mode = mode;
+  elide();
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  return {fontMetrics().averageCharWidth() * 4, QLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent *event) {
+  QLabel::resizeEvent(event);
+  elide();
+}
+
+void ElidedLabel::changeEvent(QEvent *event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) elide();
+}
+
+void ElidedLabel::elide() {
+  const QString shown = fontMetrics().elidedText(m_fullText, m_mode, contentsRect().width());
+  setText(shown);
+  setToolTip(shown == m_fullText ? QString() : m_fullText);
+  setAccessibleDescription(m_fullText);
+}
+
+HintLabel::HintLabel(QWidget *parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setWordWrap(true);
+  dress();
+}
+
+HintLabel::~HintLabel() = default;
+
+void HintLabel::changeEvent(QEvent *event) {
+  QLabel::changeEvent(event);
+  const bool matters =
+      event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+  if (matters && !m_dressing) dress();
+}
+
+void HintLabel::dress() {
+  m_dressing = true;
+  const QWidget *around = parentWidget() ? parentWidget() : this;
+  QFont small = around->font();
+  small.setPointSizeF(small.pointSizeF() * hintSize);
+  setFont(small);
+  QPalette quiet = around->palette();
+  quiet.setColor(QPalette::Active, QPalette::WindowText,
+                 mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
+  quiet.setColor(QPalette::Inactive, QPalette::WindowText,
+                 mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
+  setPalette(quiet);
+  m_dressing = false;
+}
+
+}  // namespace ostrak

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QLabel>
+
+namespace ostrak {
+
+// One line of text that ends in an ellipsis where it does not fit; the whole of it is then its tool
+// tip. File names are shortened in the middle, so that their extension stays in sight.
+class ElidedLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit ElidedLabel(QWidget *parent = nullptr);
+  ~ElidedLabel() override;
+
+  void setFullText(const QString &text);
+  [[nodiscard]] const QString &fullText() const { return m_fullText; }
+  void setElideMode(Qt::TextElideMode mode);
+
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent *event) override;
+  void changeEvent(QEvent *event) override;
+
+ private:
+  void elide();
+
+  QString m_fullText;
+  Qt::TextElideMode m_mode = Qt::ElideRight;
+};
+
+// A sentence of help below a control: smaller and quieter than its label, wrapped.
+class HintLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit HintLabel(QWidget *parent = nullptr);
+  ~HintLabel() override;
+
+ protected:
+  void changeEvent(QEvent *event) override;
+
+ private:
+  void dress();
+  bool m_dressing = false;
+};
+
+}  // namespace ostrak

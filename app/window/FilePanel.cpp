@@ -1,0 +1,124 @@
+#include "FilePanel.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFileInfo>
+#include <QLayout>
+#include <QProgressBar>
+#include <QPropertyAnimation>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QToolButton>
+
+#include "AppDelegate.h"
+#include "ElidedLabel.h"
+#include "Format.h"
+#include "InterfaceFile.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::localized;
+using ostrak::outlet;
+
+namespace decant {
+
+FilePanel::FilePanel(QWidget *parent) : QFrame(parent) {
+  setFixedHeight(0);
+}
+
+FilePanel::~FilePanel() = default;
+
+void FilePanel::follow(AppDelegate &app) {
+  m_app = &app;
+  m_fileName = &outlet<ostrak::ElidedLabel>(*this, u"fileNameLabel"_s);
+  m_information = &outlet<ostrak::ElidedLabel>(*this, u"informationLabel"_s);
+  m_subtitle = &outlet<ostrak::ElidedLabel>(*this, u"subtitleLabel"_s);
+  m_busy = &outlet<QProgressBar>(*this, u"busyIndicator"_s);
+  m_audioPopUp = &outlet<QComboBox>(*this, u"audioPopUp"_s);
+  m_destinationPopUp = &outlet<QComboBox>(*this, u"destinationPopUp"_s);
+  m_addButton = &outlet<QPushButton>(*this, u"addButton"_s);
+  m_skipButton = &outlet<QToolButton>(*this, u"skipButton"_s);
+  QFont bold = m_fileName->font();
+  bold.setWeight(QFont::DemiBold);
+  m_fileName->setFont(bold);
+  m_fileName->setElideMode(Qt::ElideMiddle);
+  m_slide = new QPropertyAnimation(this, "shownHeight", this);
+  m_slide->setDuration(style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this));
+  m_slide->setEasingCurve(QEasingCurve::OutCubic);
+
+  connect(&app.intake(), &Intake::changed, this, &FilePanel::update);
+  connect(&app.intake(), &Intake::probed, this, &FilePanel::update);
+  connect(&app, &AppDelegate::pauseTextsChanged, this, &FilePanel::update);
+  connect(m_audioPopUp, &QComboBox::currentIndexChanged, this, [this](int index) {
+    if (index >= 0) m_app->intake().setAudioTrackIndex(static_cast<quint64>(index));
+  });
+  connect(m_addButton, &QPushButton::clicked, this, &FilePanel::addClicked);
+  connect(m_skipButton, &QToolButton::clicked, this, [this] {
+    m_app->intake().clearFileInfo();
+    m_app->intake().cancelAdd();
+  });
+  update();
+}
+
+void FilePanel::update() {
+  if (!m_app) return;
+  const Intake &intake = m_app->intake();
+  const bool busy = intake.isScanning();
+  m_busy->setVisible(busy);
+  m_addButton->setText(m_app->addButtonTitle());
+  m_addButton->setAccessibleName(m_app->addButtonTitle());
+  const bool showsRecord = !busy && intake.fileInfo().has_value();
+  for (QWidget *control :
+       {static_cast<QWidget *>(m_audioPopUp), static_cast<QWidget *>(m_destinationPopUp),
+        static_cast<QWidget *>(m_addButton)}) {
+    control->setEnabled(showsRecord);
+  }
+  if (showsRecord) {
+    showRecord();
+  } else if (busy) {
+    m_fileName->setFullText(QFileInfo(intake.currentPath()).fileName());
+    m_information->setFullText(localized(u"Looking into the file…"_s));
+    m_subtitle->setFullText({});
+  }
+  showPanel(intake.state() != Intake::State::Idle);
+}
+
+void FilePanel::showRecord() {
+  const MKVFileInfo &record = *m_app->intake().fileInfo();
+  m_fileName->setFullText(record.fileName);
+  m_information->setFullText(record.informationString);
+  const QString subtitle = QFileInfo(record.subtitleFileURL.toLocalFile()).fileName();
+  m_subtitle->setFullText(
+      subtitle.isEmpty() ? QString() : ostrak::makeString(localized(u"Subtitles: %@"_s), subtitle));
+  const QSignalBlocker blocker(m_audioPopUp);
+  m_audioPopUp->clear();
+  for (const AudioTrackDescription &track : record.audioTrackInformation)
+    m_audioPopUp->addItem(track.text);
+  if (m_audioPopUp->count() == 0) {
+    m_audioPopUp->setEnabled(false);
+    m_audioPopUp->setPlaceholderText(localized(u"No sound"_s));
+    return;
+  }
+  m_audioPopUp->setCurrentIndex(static_cast<int>(m_app->intake().audioTrackIndex()));
+}
+
+int FilePanel::wantedHeight() const {
+  return qMax(fullHeight, layout() ? layout()->sizeHint().height() : 0);
+}
+
+void FilePanel::showPanel(bool shown) {
+  if (shown == m_shown) return;
+  m_shown = shown;
+  m_slide->stop();
+  m_slide->setStartValue(height());
+  m_slide->setEndValue(shown ? wantedHeight() : 0);
+  m_slide->start();
+}
+
+void FilePanel::changeEvent(QEvent *event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::FontChange && m_shown) setFixedHeight(wantedHeight());
+}
+
+}  // namespace decant

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QListView>
+
+#include "JobRowLayout.h"
+
+namespace decant {
+
+class JobDelegate;
+
+// The job list: rows with buttons, multiple selection. It only tells what the user wants; the
+// window does it.
+class JobListView final : public QListView {
+  Q_OBJECT
+
+ public:
+  explicit JobListView(QWidget *parent = nullptr);
+  ~JobListView() override;
+
+ Q_SIGNALS:
+  void pauseContinueClicked(const QModelIndex &index);
+  void arrowClicked(const QModelIndex &index);
+  void removeClicked(const QModelIndex &index);
+
+ protected:
+  void mousePressEvent(QMouseEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
+  void mouseReleaseEvent(QMouseEvent *event) override;
+  void leaveEvent(QEvent *event) override;
+  void changeEvent(QEvent *event) override;
+  bool viewportEvent(QEvent *event) override;
+
+ private:
+  struct Spot {
+    QPersistentModelIndex index;
+    JobRowLayout::Part part = JobRowLayout::Part::None;
+    bool operator==(const Spot &) const = default;
+  };
+  [[nodiscard]] Spot spotAt(const QPoint &position) const;
+  void setHot(const Spot &spot);
+
+  JobDelegate *m_delegate;
+  Spot m_hot;
+  Spot m_pressed;
+};
+
+}  // namespace decant

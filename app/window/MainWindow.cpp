@@ -1,0 +1,245 @@
+#include "MainWindow.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QStackedWidget>
+
+#include "AppDelegate.h"
+#include "DestinationFolders.h"
+#include "DestinationPopUp.h"
+#include "DestinationRoad.h"
+#include "ElidedLabel.h"
+#include "FilePanel.h"
+#include "InterfaceFile.h"
+#include "JobActions.h"
+#include "JobListModel.h"
+#include "JobListView.h"
+#include "Ostrak.h"
+#include "PreferencesWindow.h"
+#include "SettingBinder.h"
+#include "StylePanel.h"
+#include "Text.h"
+#include "ThemeIcon.h"
+#include "WindowPanels.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::localized;
+using ostrak::outlet;
+using ostrak::tk;
+
+namespace decant {
+
+namespace {
+
+// The classes of our own that the forms name.
+QWidget *makeWidget(const QString &className, QWidget *parent) {
+  if (className == "MainWindow"_L1) return new MainWindow(parent);
+  if (className == "PreferencesWindow"_L1) return new PreferencesWindow(parent);
+  if (className == "FilePanel"_L1) return new FilePanel(parent);
+  if (className == "JobListView"_L1) return new JobListView(parent);
+  if (className == "ElidedLabel"_L1) return new ostrak::ElidedLabel(parent);
+  if (className == "HintLabel"_L1) return new ostrak::HintLabel(parent);
+  return nullptr;
+}
+
+struct ActionIcon {
+  const char *action;
+  const char *theme;
+  const char *shipped;
+};
+constexpr ActionIcon actionIcons[] = {
+    {"addAction", "list-add", "toolbar_add"},
+    {"cleanAction", "edit-clear-all", "toolbar_clean"},
+    {"preferencesAction", "configure", "toolbar_preferences"},
+    {"helpAction", "help-contents", "toolbar_help"},
+};
+
+}  // namespace
+
+MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent) {
+  setAcceptDrops(true);
+}
+
+MainWindow::~MainWindow() = default;
+
+std::unique_ptr<MainWindow> MainWindow::load(const WindowParts &parts) {
+  std::unique_ptr<QWidget> loaded(ostrak::loadInterface(u"MainWindow"_s, nullptr, makeWidget));
+  auto *window = qobject_cast<MainWindow *>(loaded.get());
+  if (!window) return nullptr;
+  loaded.release();
+  window->follow(parts);
+  return std::unique_ptr<MainWindow>(window);
+}
+
+void MainWindow::follow(const WindowParts &parts) {
+  m_parts = std::make_unique<WindowParts>(parts);
+  m_parts->panels.setMainWindow(this);
+  m_parts->binder.bind(*this);
+  m_style = new StylePanel(*this, m_parts->binder, this);
+  m_filePanel = &outlet<FilePanel>(*this, u"filePanel"_s);
+  m_filePanel->follow(m_parts->app);
+  m_jobList = &outlet<JobListView>(*this, u"jobList"_s);
+  m_model = new JobListModel(m_parts->app.queue(), this);
+  m_jobList->setModel(m_model);
+  m_jobActions = new JobActions(*this, *m_jobList, *m_model, m_parts->app, this);
+  m_jobArea = &outlet<QStackedWidget>(*this, u"jobArea"_s);
+
+  auto &help = outlet<QLabel>(*this, u"helpImageView"_s);
+  help.setPixmap(
+      QIcon(tk->resDir() + u"/images/help.svg"_s).pixmap(QSize(160, 112), devicePixelRatioF()));
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * 1.5);
+  outlet<QLabel>(*this, u"helpLabel"_s).setFont(large);
+
+  connect(m_model, &QAbstractItemModel::rowsInserted, this, &MainWindow::showEmptyOrList);
+  connect(m_model, &QAbstractItemModel::rowsRemoved, this, &MainWindow::showEmptyOrList);
+  connect(&m_parts->app, &AppDelegate::windowTitleChanged, this, &MainWindow::setWindowTitle);
+  connect(&m_parts->app, &AppDelegate::pauseTextsChanged, this, &MainWindow::updatePauseTexts);
+  setWindowTitle(m_parts->app.windowTitle());
+  connectMenus();
+  connectDestinations();
+  dressActions();
+  showEmptyOrList();
+}
+
+QAction &MainWindow::action(const QString &name) {
+  auto *found = findChild<QAction *>(name);
+  if (!found) ostrak::outletMissing(name);
+  return *found;
+}
+
+void MainWindow::connectMenus() {
+  const auto on = [this](const QString &name, auto does) {
+    connect(&action(name), &QAction::triggered, this, does);
+  };
+  AppDelegate &app = m_parts->app;
+  on(u"addAction"_s, [this] { addClicked(); });
+  on(u"pasteAction"_s, [this] { paste(); });
+  on(u"quitAction"_s, [this] { Q_EMIT quitWanted(); });
+  on(u"pauseContinueMenuItem"_s, [&app] { app.pauseContinueClicked(true); });
+  on(u"pauseContinueToolbarItem"_s, [&app] { app.pauseContinueClicked(true); });
+  on(u"cleanAction"_s, [&app] { app.cleanClicked(); });
+  on(u"preferencesAction"_s, [this] { openPreferences(); });
+  on(u"mainWindowAction"_s, [this] { openMainWindow(); });
+  on(u"helpAction"_s, [this] { Q_EMIT documentationWanted(-1); });
+  on(u"helpStylesAction"_s, [this] { Q_EMIT documentationWanted(1); });
+  on(u"helpDevicesAction"_s, [this] { Q_EMIT documentationWanted(3); });
+  on(u"promotionAction"_s, [this] { Q_EMIT promotionWanted(); });
+
+  // The tag of each entry is the choice that it opens; without its key in the bundle it leads
+  // nowhere.
+  struct Link {
+    const char *name;
+    ostrak::Ostrak::UrlChoice choice;
+    const char *key;
+  };
+  static constexpr Link links[] = {
+      {"supportAction", ostrak::Ostrak::openSupportRequestMail, "FeedbackEmail"},
+      {"betaAction", ostrak::Ostrak::openBetaSignupMail, "FeedbackEmail"},
+      {"homepageAction", ostrak::Ostrak::openHomepageWebsite, "VendorProductPage"},
+      {"storeWebAction", ostrak::Ostrak::openAppStoreWebsite, "StoreProductPage"},
+      {"storeAppAction", ostrak::Ostrak::openAppStoreApp, "StoreProductPage"},
+      {"macupdateAction", ostrak::Ostrak::openMacupdateWebsite, "MacupdateProductPage"},
+  };
+  for (const Link &link : links) {
+    QAction &entry = action(QString::fromLatin1(link.name));
+    entry.setData(static_cast<int>(link.choice));
+    entry.setEnabled(!tk->infoValue(QString::fromLatin1(link.key)).isNull());
+    connect(&entry, &QAction::triggered, this, [&entry] { tk->openURL(entry.data().toInt()); });
+  }
+}
+
+void MainWindow::connectDestinations() {
+  auto &menu = m_filePanel->destinationPopUp();
+  m_destinations = new DestinationPopUp(menu, m_parts->folders, this);
+  connect(&m_parts->app.intake(), &Intake::probed, m_destinations, &DestinationPopUp::rebuild);
+  connect(&m_parts->folders, &DestinationFolders::changed, m_destinations,
+          &DestinationPopUp::rebuild);
+  connect(m_destinations, &DestinationPopUp::addFolderWanted, this,
+          [this] { m_parts->road.chooseNewDestination(Panels::Over::MainWindow); });
+  connect(&m_parts->road, &DestinationRoad::folderAdded, this, [this](Panels::Over over) {
+    const int added = m_filePanel->destinationPopUp().count() - 3;
+    if (over == Panels::Over::MainWindow) m_destinations->select(added);
+  });
+  connect(&m_parts->road, &DestinationRoad::duplicateRefused, this,
+          [this] { m_destinations->select(0); });
+  connect(m_filePanel, &FilePanel::addClicked, this, &MainWindow::addToQueue);
+}
+
+void MainWindow::dressActions() {
+  for (const ActionIcon &icon : actionIcons) {
+    action(QString::fromLatin1(icon.action))
+        .setIcon(ostrak::themeIcon(QString::fromLatin1(icon.theme),
+                                   QString::fromLatin1(icon.shipped), palette()));
+  }
+  updatePauseTexts();
+}
+
+void MainWindow::updatePauseTexts() {
+  const bool paused = m_parts->app.queue().paused();
+  const QString text = paused ? localized(u"Resume Queue"_s) : localized(u"Pause Queue"_s);
+  QAction &item = action(u"pauseContinueToolbarItem"_s);
+  item.setText(text);
+  item.setIconText(text);
+  item.setToolTip(text);
+  item.setIcon(paused
+                   ? ostrak::themeIcon(u"media-playback-start"_s, u"toolbar_start"_s, palette())
+                   : ostrak::themeIcon(u"media-playback-pause"_s, u"toolbar_pause"_s, palette()));
+  action(u"pauseContinueMenuItem"_s).setText(text);
+}
+
+void MainWindow::showEmptyOrList() {
+  m_jobArea->setCurrentIndex(m_model->rowCount() == 0 ? 0 : 1);
+  m_jobActions->update();
+}
+
+void MainWindow::addToQueue() {
+  m_parts->app.addToQueue();
+}
+
+void MainWindow::addClicked() {
+  m_parts->panels.askForFiles(movieFileTypes() + subtitleFileTypes(),
+                              [this](const QStringList &paths) {
+                                if (!paths.isEmpty()) m_parts->app.intake().openFiles(paths);
+                              });
+}
+
+void MainWindow::openPreferences() {
+  if (!m_preferences) {
+    auto *loaded = ostrak::loadInterface(u"PreferencesWindow"_s, this, makeWidget);
+    m_preferences = qobject_cast<PreferencesWindow *>(loaded);
+    if (!m_preferences) return;
+    m_preferences->setWindowFlag(Qt::Dialog);
+    m_parts->panels.setPreferencesWindow(m_preferences);
+    m_preferences->follow(m_parts->binder, m_parts->folders);
+    connect(m_preferences, &PreferencesWindow::closing, this,
+            [] { tk->userDefaults().synchronize(); });
+    connect(m_preferences, &PreferencesWindow::addFolderWanted, this,
+            [this] { m_parts->road.chooseNewDestination(Panels::Over::Preferences); });
+  }
+  m_preferences->show();
+  m_preferences->raise();
+  m_preferences->activateWindow();
+}
+
+void MainWindow::openMainWindow() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+  event->ignore();
+  Q_EMIT quitWanted();
+}
+
+void MainWindow::changeEvent(QEvent *event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && m_parts) dressActions();
+}
+
+}  // namespace decant

@@ -1,0 +1,89 @@
+// Files that come in by drag and by paste.
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QUrl>
+
+#include "AppDelegate.h"
+#include "MainWindow.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+namespace {
+
+QStringList pathsOf(const QMimeData &data) {
+  QStringList paths;
+  for (const QUrl &url : data.urls()) {
+    if (url.isLocalFile()) paths << url.toLocalFile();
+  }
+  return paths;
+}
+
+// Copied file names: one a line, as paths or as file addresses.
+QStringList pathsOfText(const QString &text) {
+  QStringList paths;
+  for (const QString &line : text.split(u'\n', Qt::SkipEmptyParts)) {
+    const QString name = line.trimmed();
+    const QUrl url(name);
+    if (url.isLocalFile()) {
+      paths << url.toLocalFile();
+    } else if (name.startsWith(u'/')) {
+      paths << name;
+    }
+  }
+  return paths;
+}
+
+bool holdsMovie(const QStringList &paths) {
+  for (const QString &path : paths) {
+    if (movieFileTypes().contains(QFileInfo(path).suffix().toLower())) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event) {
+  if (!m_parts || !holdsMovie(pathsOf(*event->mimeData()))) {
+    event->ignore();
+    return;
+  }
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  showDropPlace(true);
+}
+
+void MainWindow::dragLeaveEvent(QDragLeaveEvent *event) {
+  QMainWindow::dragLeaveEvent(event);
+  showDropPlace(false);
+}
+
+void MainWindow::dropEvent(QDropEvent *event) {
+  showDropPlace(false);
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  m_parts->app.intake().openFiles(pathsOf(*event->mimeData()));
+  openMainWindow();
+}
+
+void MainWindow::paste() {
+  const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+  if (!data) return;
+  QStringList paths = pathsOf(*data);
+  if (paths.isEmpty()) paths = pathsOfText(data->text());
+  if (!paths.isEmpty()) m_parts->app.intake().openFiles(paths);
+}
+
+void MainWindow::showDropPlace(bool shown) {
+  m_jobArea->setStyleSheet(
+      shown ? u"QStackedWidget { border: 3px solid palette(highlight); border-radius: 6px; }"_s
+            : QString());
+}
+
+}  // namespace decant

@@ -1,0 +1,55 @@
+#include "PreferencesWindow.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "Defaults.h"
+#include "DestinationFolders.h"
+#include "DestinationPopUp.h"
+#include "InterfaceFile.h"
+#include "SettingBinder.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::outlet;
+
+namespace decant {
+
+PreferencesWindow::PreferencesWindow(QWidget *parent) : QDialog(parent) {}
+
+PreferencesWindow::~PreferencesWindow() = default;
+
+void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folders) {
+  m_folders = &folders;
+  binder.bind(*this);
+  m_list = &outlet<QListWidget>(*this, u"destinationList"_s);
+  m_remove = &outlet<QPushButton>(*this, u"removeDestinationButton"_s);
+  m_destinations = new DestinationPopUp(outlet<QComboBox>(*this, u"preferencesDestinationPopUp"_s),
+                                        folders, this);
+  connect(m_destinations, &DestinationPopUp::picked, this,
+          [](int index) { ostrak::setDefaultInt(u"DefaultDestination"_s, index); });
+  connect(m_destinations, &DestinationPopUp::addFolderWanted, this,
+          &PreferencesWindow::addFolderWanted);
+  connect(&outlet<QPushButton>(*this, u"addDestinationButton"_s), &QPushButton::clicked, this,
+          &PreferencesWindow::addFolderWanted);
+  connect(m_remove, &QPushButton::clicked, this,
+          [this] { m_folders->removeAt(m_list->currentRow()); });
+  connect(m_list, &QListWidget::currentRowChanged, this,
+          [this](int row) { m_remove->setEnabled(row >= 0); });
+  connect(&folders, &DestinationFolders::changed, this, &PreferencesWindow::listFolders);
+  listFolders();
+}
+
+void PreferencesWindow::listFolders() {
+  m_list->clear();
+  m_list->addItems(m_folders->names());
+  m_remove->setEnabled(m_list->currentRow() >= 0);
+  m_destinations->rebuild();
+}
+
+void PreferencesWindow::hideEvent(QHideEvent *event) {
+  QDialog::hideEvent(event);
+  Q_EMIT closing();
+}
+
+}  // namespace decant

@@ -1,0 +1,11 @@
+#include "RealKeyboardModifiers.h"
+
+#include <QGuiApplication>
+
+bool RealKeyboardModifiers::shiftHeld() const {
+  return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+bool RealKeyboardModifiers::altHeld() const {
+  return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
+}

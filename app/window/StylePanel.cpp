@@ -1,0 +1,68 @@
+#include "StylePanel.h"
+
+#include <QAbstractButton>
+#include <QLayout>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include "Defaults.h"
+#include "InterfaceFile.h"
+#include "SettingBinder.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::outlet;
+
+namespace decant {
+
+StylePanel::StylePanel(QWidget &window, SettingBinder &binder, QObject *parent)
+    : QObject(parent),
+      m_binder(binder),
+      m_container(outlet<QWidget>(window, u"customContainer"_s)),
+      m_options(outlet<QAbstractButton>(window, u"styleOptionsButton"_s)) {
+  for (const QString &name : {u"styleCompatible"_s, u"styleFast"_s, u"styleCustom"_s}) {
+    m_buttons.append(&outlet<QAbstractButton>(window, name));
+  }
+  for (const QString &name : {u"containerCompatible"_s, u"containerFast"_s, u"containerCustom"_s}) {
+    m_panels.append(&outlet<QWidget>(window, name));
+  }
+  for (int style = 0; style < m_buttons.size(); ++style) {
+    connect(m_buttons.at(style), &QAbstractButton::clicked, this, [this, style] { choose(style); });
+  }
+  connect(&m_options, &QAbstractButton::toggled, this, &StylePanel::setOptionsShown);
+  connect(&binder, &SettingBinder::changed, this, [this](const QString &key) {
+    if (key == "ConversionPreset"_L1) selectConversionStyle();
+  });
+  setOptionsShown(false);
+  selectConversionStyle();
+}
+
+StylePanel::~StylePanel() = default;
+
+void StylePanel::choose(int style) {
+  ostrak::setDefaultInt(u"ConversionPreset"_s, style);
+  m_binder.refresh(u"ConversionPreset"_s);
+  selectConversionStyle();
+}
+
+void StylePanel::selectConversionStyle() {
+  // A stored style beyond the list converts like the second.
+  const qint64 stored = settingInt("ConversionPreset");
+  const auto style = static_cast<int>(stored >= 0 && stored < m_panels.size() ? stored : 1);
+  for (int i = 0; i < m_panels.size(); ++i) {
+    m_panels.at(i)->setVisible(i == style);
+    const QSignalBlocker blocker(m_buttons.at(i));
+    m_buttons.at(i)->setChecked(i == style);
+  }
+}
+
+void StylePanel::setOptionsShown(bool shown) {
+  m_container.setVisible(shown);
+  m_options.setChecked(shown);
+  if (auto *button = qobject_cast<QToolButton *>(&m_options)) {
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setArrowType(shown ? Qt::DownArrow : Qt::RightArrow);
+  }
+}
+
+}  // namespace decant

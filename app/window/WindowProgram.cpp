@@ -1,0 +1,101 @@
+#include "WindowProgram.h"
+
+#include <QApplication>
+#include <QSessionManager>
+
+#include "Alerts.h"
+#include "FileRevealer.h"
+#include "LaunchFixups.h"
+#include "LauncherProgress.h"
+#include "Notifier.h"
+#include "SingleInstance.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::localized;
+
+namespace decant {
+
+WindowProgram::WindowProgram(AppServices app, const DesktopServices &desktop, QObject *parent)
+    : QObject(parent),
+      m_desktop(desktop),
+      m_notifier(app.jobs.notifier),
+      m_revealer(app.jobs.revealer),
+      m_app(std::move(app)),
+      m_folders(desktop.sandbox),
+      m_road(m_folders, m_panels, m_app.claimedNames()) {
+  ostrak::setAlertPresenter(&m_presenter);
+}
+
+WindowProgram::~WindowProgram() {
+  m_notifier.setActivated({});
+  m_desktop.singleInstance.setHandler({});
+  m_app.applicationWillTerminate();
+  ostrak::setAlertPresenter(nullptr);
+}
+
+bool WindowProgram::open(const QStringList &paths) {
+  connect(&m_app, &AppDelegate::speedHintDue, this, &WindowProgram::showSpeedHint);
+  m_app.applicationWillFinishLaunching();
+  m_folders.checkStored();
+  repairDestinationIndex();
+  m_window = MainWindow::load({m_app, m_folders, m_road, m_panels, m_binder});
+  if (!m_window) return false;
+  connect(m_window.get(), &MainWindow::quitWanted, this, &WindowProgram::quit);
+  connectDesktop();
+  m_window->show();
+  if (!paths.isEmpty()) m_app.intake().openFiles(paths);
+  return true;
+}
+
+void WindowProgram::connectDesktop() {
+  m_notifier.setActivated([this](const QString &path) { m_revealer.reveal(path); });
+  m_desktop.singleInstance.setHandler([this](const QStringList &paths) { filesArrived(paths); });
+  connect(&m_app.queue(), &JobQueue::countsChanged, this, &WindowProgram::showLauncherProgress);
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &manager) {
+    if (m_app.jobCountWithState(JobStateConverting) == 0 || !manager.allowsInteraction()) return;
+    const bool goesOn = m_app.applicationShouldTerminate();
+    manager.release();
+    if (!goesOn) manager.cancel();
+  });
+}
+
+void WindowProgram::filesArrived(const QStringList &paths) {
+  if (!paths.isEmpty()) m_app.intake().openFiles(paths);
+  m_window->openMainWindow();
+}
+
+void WindowProgram::showSpeedHint() {
+  ostrak::Alert hint;
+  hint.title = localized(u"Picking up Speed!"_s);
+  hint.message = localized(
+      u"Note that conversion will be much faster, more reliable and higher quality if you select "
+      u"'High "
+      "Speed & Quality' in the 'Audio Conversion Settings' in the Preferences, though the "
+      "resulting "
+      "files may not play with sound on some devices (e.g. iOS). Just try it out!"_s);
+  ostrak::postAlert(hint, [](int) { speedHintShown(); });
+}
+
+void WindowProgram::showLauncherProgress() {
+  const JobQueue &queue = m_app.queue();
+  const int waiting =
+      queue.jobCountWithState(JobStateQueued) + queue.jobCountWithState(JobStateConverting);
+  const bool converts = queue.jobCountWithState(JobStateConverting) > 0;
+  std::optional<double> fraction;
+  for (const ConversionJob *job : queue.taskArray()) {
+    if (!converts) break;
+    if (job->state() == JobStateConverting) fraction = job->progress() / 100;
+  }
+  m_desktop.launcher.show(fraction, waiting);
+}
+
+bool WindowProgram::quit() {
+  if (m_quitting || !m_app.applicationShouldTerminate()) return false;
+  m_quitting = true;
+  m_app.applicationWillTerminate();
+  QCoreApplication::quit();
+  return true;
+}
+
+}  // namespace decant

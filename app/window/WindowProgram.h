@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <memory>
+
+#include "AlertDialog.h"
+#include "AppDelegate.h"
+#include "DestinationFolders.h"
+#include "DestinationRoad.h"
+#include "MainWindow.h"
+#include "SettingBinder.h"
+#include "WindowPanels.h"
+
+class LauncherProgress;
+class Sandbox;
+class SingleInstance;
+
+namespace decant {
+
+// The services of the desktop that the window needs besides those of the controller; all outlive
+// the program.
+struct DesktopServices {
+  SingleInstance &singleInstance;
+  LauncherProgress &launcher;
+  Sandbox &sandbox;
+};
+
+// The program with its window: makes the controller and the window, and connects them with the
+// desktop. Main thread.
+class WindowProgram final : public QObject {
+  Q_OBJECT
+
+ public:
+  WindowProgram(AppServices app, const DesktopServices &desktop, QObject *parent = nullptr);
+  ~WindowProgram() override;
+
+  // Opens the window with these files. False when the window's form cannot be loaded.
+  [[nodiscard]] bool open(const QStringList &paths);
+  // Asks when a conversion runs; then ends the event loop. Returns whether it does.
+  bool quit();
+
+  [[nodiscard]] AppDelegate &app() { return m_app; }
+  [[nodiscard]] MainWindow *window() { return m_window.get(); }
+
+ private:
+  void connectDesktop();
+  void filesArrived(const QStringList &paths);
+  void showSpeedHint();
+  void showLauncherProgress();
+
+  DesktopServices m_desktop;
+  ostrak::WindowAlertPresenter m_presenter;
+  Notifier &m_notifier;
+  FileRevealer &m_revealer;
+  AppDelegate m_app;
+  DestinationFolders m_folders;
+  WindowPanels m_panels;
+  DestinationRoad m_road;
+  SettingBinder m_binder;
+  std::unique_ptr<MainWindow> m_window;
+  bool m_quitting = false;
+};
+
+}  // namespace decant
