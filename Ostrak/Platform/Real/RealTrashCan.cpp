@@ -57,7 +57,7 @@ QString topFolderOf(const QString &path, dev_t device) {
   return top;
 }
 
-// Where the file may go, in the order of the specification.
+// Where the file may go, in the order of the standard.
 QList<Trash> trashesFor(const QString &path, dev_t device, const QString &dataFolder) {
   QList<Trash> trashes;
   QDir().mkpath(dataFolder);

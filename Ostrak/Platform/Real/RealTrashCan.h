@@ -2,7 +2,7 @@
 
 #include "TrashCan.h"
 
-// The freedesktop Trash (its specification, version 1.0). Files only ever move within their volume:
+// The freedesktop Trash (version 1.0). Files only ever move within their volume:
 // where that has no place for a Trash, the move fails and the file stays.
 //
 // QFile::moveToTrash of Qt 6.4 is not used: it spins for ever when the .trashinfo file cannot be
