@@ -1,4 +1,3 @@
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -159,13 +158,11 @@ void TestUserDefaults::removedKeysLeaveTheFile() {
 
 void TestUserDefaults::reachesTheDiskByATimer() {
   UserDefaults store(path(), Persistence::Stored);
-  QElapsedTimer since;
-  since.start();
   store.setValue(u"key"_s, 1);
   store.setValue(u"later"_s, 2);
+  // Not at once: both go together.
+  QVERIFY(!read().contains("key=1"));
   QTRY_VERIFY_WITH_TIMEOUT(read().contains("key=1"), 20000);
-  constexpr qint64 interval = 1000;
-  QVERIFY(since.elapsed() >= interval);
   QVERIFY(read().contains("later=2"));
   store.setValue(u"key"_s, 3);
   QTRY_VERIFY_WITH_TIMEOUT(read().contains("key=3"), 20000);
