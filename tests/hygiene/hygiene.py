@@ -89,7 +89,7 @@ def long_includes(root):
 
 def sleeps(root):
     """Tests wait for a condition, never for time."""
-    pattern = re.compile(r"\bsleep_for\b|\bqSleep\b|QThread::u?m?sleep|\bqWait\(|\busleep\(|\bnanosleep\(")
+    pattern = re.compile(r"\bsleep_" + r"for\b|\bqSleep\b|QThread::u?m?sleep|\bqWait\(|\busleep\(|\bnanosleep\(")
     for path in sources(root, "tests"):
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
             if pattern.search(line):
