@@ -129,8 +129,9 @@ void JobQueue::tryRunnable(std::unordered_set<Number> &tried) {
 
 bool JobQueue::launch(ConversionJob &job) {
   if (job.state() == JobStatePaused) {
+    // Its tool may have ended while it stood still, and the job has not heard of it yet.
     job.continue_();
-    return true;
+    return job.state() == JobStateConverting;
   }
   const StartOutcome outcome = job.start();
   if (outcome == StartOutcome::noRoom) Q_EMIT jobHadNoRoom(&job);

@@ -105,7 +105,12 @@ void TestQueueProperty::randomEvents() {
     (this->*events.at(chosen))();
     // A job whose tool has ended hears of it from the event loop, and until then cannot be paused.
     if (m_p->count(JobStateConverting) > 1) handleEvents();
-    const QString wrong = whatIsWrong();
+    QString wrong = whatIsWrong();
+    if (!wrong.isNull()) {
+      // An end that has happened and is not told yet looks the same from outside as a stuck queue.
+      handleEvents();
+      wrong = whatIsWrong();
+    }
     QVERIFY2(wrong.isNull(), qPrintable(wrong + u" after event "_s + QString::number(chosen) +
                                         u" in step "_s + QString::number(step)));
   }
