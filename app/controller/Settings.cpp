@@ -11,6 +11,7 @@
 #include "Format.h"
 #include "Logging.h"
 #include "Ostrak.h"
+#include "Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,7 @@ namespace decant {
 
 namespace {
 
+using ostrak::localized;
 using ostrak::makeString;
 using ostrak::tk;
 
@@ -132,7 +134,8 @@ bool isAllowed(const Setting &setting, double number) {
 
 QString complaint(const Setting &setting, const QVariant &stored) {
   return makeString(
-      u"The stored value \"%@\" of \"%@\" is out of range (allowed: %@); %lli is used."_s,
+      localized(
+          u"The stored value \"%@\" of \"%@\" is out of range (allowed: %@); %lli is used."_s),
       stored.toString(), keyOf(setting), allowedValues(setting), setting.fallback);
 }
 
@@ -185,17 +188,18 @@ const Setting *findSetting(const QString &key) {
 }
 
 QString allowedValues(const Setting &setting) {
-  if (setting.kind == SettingKind::Boolean) return u"0 or 1"_s;
-  if (setting.kind == SettingKind::List) return u"nothing that can be set as text"_s;
-  if (setting.maximum == noLimit) return makeString(u"a whole number from %lli"_s, setting.minimum);
+  if (setting.kind == SettingKind::Boolean) return localized(u"0 or 1"_s);
+  if (setting.kind == SettingKind::List) return localized(u"nothing that can be set as text"_s);
+  if (setting.maximum == noLimit)
+    return makeString(localized(u"a whole number from %lli"_s), setting.minimum);
   if (setting.kind == SettingKind::Number)
-    return makeString(u"a number from %lli to %lli"_s, setting.minimum, setting.maximum);
+    return makeString(localized(u"a number from %lli to %lli"_s), setting.minimum, setting.maximum);
   if (setting.retired > setting.minimum)
-    return makeString(u"%lli or %lli to %lli"_s, setting.minimum, setting.retired + 1,
+    return makeString(localized(u"%lli or %lli to %lli"_s), setting.minimum, setting.retired + 1,
                       setting.maximum);
   if (setting.maximum == setting.minimum + 1)
-    return makeString(u"%lli or %lli"_s, setting.minimum, setting.maximum);
-  return makeString(u"%lli to %lli"_s, setting.minimum, setting.maximum);
+    return makeString(localized(u"%lli or %lli"_s), setting.minimum, setting.maximum);
+  return makeString(localized(u"%lli to %lli"_s), setting.minimum, setting.maximum);
 }
 
 QString refusalOfValue(const Setting &setting, const QString &text) {
@@ -204,7 +208,7 @@ QString refusalOfValue(const Setting &setting, const QString &text) {
   const std::optional<double> number = numberOfText(text);
   if (number && (isWhole || setting.kind == SettingKind::Number) && isAllowed(setting, *number))
     return {};
-  return makeString(u"\"%@\" is not a value of \"%@\" (allowed: %@)"_s, text,
+  return makeString(localized(u"\"%@\" is not a value of \"%@\" (allowed: %@)"_s), text,
                     QString::fromLatin1(setting.key), allowedValues(setting));
 }
 

@@ -6,10 +6,12 @@
 
 #include "Format.h"
 #include "Text.h"
+#include "Translatable.h"
 
 namespace decant {
 using namespace Qt::StringLiterals;
 using ostrak::localized;
+using ostrak::translatable;
 
 namespace {
 
@@ -102,53 +104,65 @@ struct Explanation {
   std::array<const char *, 2> buttons;  // the second may be none
 };
 
-constexpr auto failed = "Conversion Failed";
-constexpr auto information = "Information";
-constexpr std::array<const char *, 2> onlyOK{"OK", nullptr};
+constexpr auto failed = translatable("Conversion Failed");
+constexpr auto information = translatable("Information");
+constexpr std::array<const char *, 2> onlyOK{translatable("OK"), nullptr};
 constexpr qsizetype shownOutput = 400;  // characters
 
 constexpr std::array explanations{
-    Explanation{FailureKind::noSpace, "noSpace", failed,
-                "Movie conversion failed because there is not enough free space left on the "
-                "destination volume. Please make sure your harddisk has enough free space before "
-                "starting conversion",
-                onlyOK},
+    Explanation{
+        FailureKind::noSpace, "noSpace", failed,
+        translatable(
+            "Movie conversion failed because there is not enough free space left on the "
+            "destination volume. Please make sure your harddisk has enough free space before "
+            "starting conversion"),
+        onlyOK},
     Explanation{
         FailureKind::unreliableDisk, "unreliableDisk", failed,
-        "Movie conversion failed but it seems the reason is that the disk or network volume "
-        "to save the movie is having problems. Try converting to a reliable disk and copying "
-        "the file to its destination later.",
+        translatable(
+            "Movie conversion failed but it seems the reason is that the disk or network volume "
+            "to save the movie is having problems. Try converting to a reliable disk and copying "
+            "the file to its destination later."),
         onlyOK},
-    Explanation{FailureKind::damagedSource, "damagedSource", failed,
-                "Movie conversion failed because the movie seems to be too damaged to convert - "
-                "playback may work but converting it is impossible.",
-                onlyOK},
-    Explanation{FailureKind::sourceRemoved, "sourceRemoved", failed,
-                "Movie conversion failed because you've removed/renamed the source movie file or "
-                "unmounted it's volume.",
-                onlyOK},
-    Explanation{FailureKind::videoNotEmbeddable, "videoNotEmbeddable", failed,
-                "Movie conversion failed because you are trying to convert a movie with a video "
-                "track that can't be embedded into MP4s.",
-                onlyOK},
+    Explanation{
+        FailureKind::damagedSource, "damagedSource", failed,
+        translatable(
+            "Movie conversion failed because the movie seems to be too damaged to convert - "
+            "playback may work but converting it is impossible."),
+        onlyOK},
+    Explanation{
+        FailureKind::sourceRemoved, "sourceRemoved", failed,
+        translatable(
+            "Movie conversion failed because you've removed/renamed the source movie file or "
+            "unmounted it's volume."),
+        onlyOK},
+    Explanation{
+        FailureKind::videoNotEmbeddable, "videoNotEmbeddable", failed,
+        translatable(
+            "Movie conversion failed because you are trying to convert a movie with a video "
+            "track that can't be embedded into MP4s."),
+        onlyOK},
     Explanation{
         FailureKind::embeddedSubtitles, "embeddedSubtitles", information,
-        "A problem occured - this is most likely related to the subtitles embedded into the "
-        "movie. Please disable conversion of embedded subtitles in the preferences and try "
-        "again.",
+        translatable(
+            "A problem occured - this is most likely related to the subtitles embedded into the "
+            "movie. Please disable conversion of embedded subtitles in the preferences and try "
+            "again."),
         onlyOK},
     Explanation{FailureKind::subtitleFile, "subtitleFile", information,
-                "A problem occured - this is most likely related to the subtitle file you have "
-                "specified. Please try again without the subtitle file.",
+                translatable(
+                    "A problem occured - this is most likely related to the subtitle file you have "
+                    "specified. Please try again without the subtitle file."),
                 onlyOK},
     Explanation{
         FailureKind::unknown,
         "unknown",
         information,
-        "A problem prevented the file from being converted. You can contact our support with "
-        "this information so that we can fix this problem.\n\nCommand-line: "
-        "%@\nCommand-output: %@",
-        {"Send to support", "Cancel"}},
+        translatable(
+            "A problem prevented the file from being converted. You can contact our support with "
+            "this information so that we can fix this problem.\n\nCommand-line: "
+            "%@\nCommand-output: %@"),
+        {translatable("Send to support"), translatable("Cancel")}},
 };
 
 const Explanation &explanationOf(FailureKind kind) {

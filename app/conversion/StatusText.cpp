@@ -6,20 +6,23 @@
 #include "Date.h"
 #include "Format.h"
 #include "Text.h"
+#include "Translatable.h"
 
 namespace decant {
 using namespace Qt::StringLiterals;
 using ostrak::formattedTimeFromTimeInterval;
 using ostrak::localized;
 using ostrak::makeString;
+using ostrak::translatable;
 
 namespace {
 
 constexpr double longestEta = 18000;  // seconds
 
 QString wordOf(JobState state) {
-  constexpr std::array<const char *, jobStateCount> words{"Queued", "Converting", "Paused",
-                                                          "Finished", "Failed"};
+  constexpr std::array<const char *, jobStateCount> words{
+      translatable("Queued"), translatable("Converting"), translatable("Paused"),
+      translatable("Finished"), translatable("Failed")};
   return localized(QString::fromLatin1(words.at(size_t(state))));
 }
 

@@ -15,6 +15,7 @@
 #include <optional>
 
 #include "Descriptor.h"
+#include "Text.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::Descriptor;
@@ -170,7 +171,7 @@ QString RealTrashCan::moveToTrash(const QString &path) {
   const QString real = (folder == u"/"_s ? QString() : folder) + u'/' + file.fileName();
   const auto info = statusOf(real);
   if (folder.isEmpty() || file.fileName().isEmpty() || !info) {
-    return u"%1 is not there"_s.arg(path);
+    return ostrak::localized(u"%1 is not there"_s).arg(path);
   }
   int error = 0;
   QString tried;
@@ -179,5 +180,6 @@ QString RealTrashCan::moveToTrash(const QString &path) {
     if (error == 0) return {};
     tried = trash.folder;
   }
-  return u"%1 cannot be moved to the Trash in %2: %3"_s.arg(path, tried, qt_error_string(error));
+  return ostrak::localized(u"%1 cannot be moved to the Trash in %2: %3"_s)
+      .arg(path, tried, qt_error_string(error));
 }
