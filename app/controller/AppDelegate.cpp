@@ -9,6 +9,7 @@
 #include "Format.h"
 #include "LaunchFixups.h"
 #include "Ostrak.h"
+#include "ProgressFiles.h"
 #include "Settings.h"
 #include "Text.h"
 
@@ -52,9 +53,11 @@ AppDelegate::~AppDelegate() {
 
 void AppDelegate::applicationWillFinishLaunching() {
   increaseUsages(false, false);
+  sweepProgressFiles(tk->docDir());
   repairRetiredValues();
   if (speedHintIsDue()) Q_EMIT speedHintDue();
   migrateDestinationIndex();
+  Q_EMIT bookmarkCheckDue();
   repairDestinationIndex();
   const QStringList complaints = storedValueComplaints();
   if (!complaints.isEmpty())

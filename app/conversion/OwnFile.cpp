@@ -1,6 +1,7 @@
 #include "OwnFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,6 +23,12 @@ OwnFile::Creation OwnFile::create(const QString &path, OwnFile &file) {
   file.m_look = lookAt(path);
   file.m_held = std::move(made);
   return Creation::created;
+}
+
+bool OwnFile::hold() const {
+  if (!m_held || (::flock(m_held.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK))
+    return false;
+  return isThere();
 }
 
 bool OwnFile::isThere() const {

@@ -22,6 +22,9 @@ class OwnFile final {
   // Makes an empty file at `path`, never over another one, and owns it from then on. It is held
   // open until `seal`.
   [[nodiscard]] static Creation create(const QString &path, OwnFile &file);
+  // Locks the file just made until `seal`, or until this program is gone, however it ends. False
+  // when somebody else has locked or taken it; a file system without locks does not matter.
+  [[nodiscard]] bool hold() const;
 
   [[nodiscard]] const QString &path() const { return m_path; }
   // Whether the file is still at its path; after `seal` it must be unchanged since then, too.

@@ -1,6 +1,5 @@
 #include "RunPreparation.h"
 
-#include <QDir>
 #include <QFile>
 #include <QScopeGuard>
 
@@ -10,7 +9,7 @@
 #include "FreeSpace.h"
 #include "JobController.h"
 #include "Logging.h"
-#include "ProgressFileName.h"
+#include "ProgressFiles.h"
 #include "Text.h"
 
 namespace decant {
@@ -77,16 +76,6 @@ bool claimDestination(PreparedRun &run, bool replaces, JobController &ad) {
     run.destinationURL = ad.claimUniqueDestination(run.destinationURL);
   }
   return false;
-}
-
-// Two programs that convert files of one name at the same time must not share it.
-OwnFile claimProgressFile(const QString &fileName, const QString &folder) {
-  OwnFile file;
-  for (int attempt = 0; attempt < claimAttempts; ++attempt) {
-    const QString path = ostrak::uniqueFile(QDir(folder).filePath(progressFileName(fileName)));
-    if (OwnFile::create(path, file) != OwnFile::Creation::exists) break;
-  }
-  return file;
 }
 
 }  // namespace

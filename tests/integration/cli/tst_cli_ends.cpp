@@ -36,6 +36,7 @@ class TestCliEnds final : public QObject {
   void signalInTheTestOfOneSecond();
   void signalThatIsSwitchedOff();
   void killedProgramLeavesNoTool();
+  void leftProgressFilesAreSwept();
   void nobodyReads();
   void readerGoesAway();
   void destinationGoesWhileConverting();
@@ -154,6 +155,39 @@ void TestCliEnds::killedProgramLeavesNoTool() {
   process->kill();
   QVERIFY(process->waitForFinished());
   QTRY_VERIFY_WITH_TIMEOUT(!isAlive(toolOf(program)), 30000);
+}
+
+// By the next conversion, and only what no running program holds; to look is not to touch.
+void TestCliEnds::leftProgressFilesAreSwept() {
+  const DecantProgram program;
+  for (const auto name : {"a.mkv"_L1, "b.mkv"_L1, "c.mkv"_L1})
+    program.file(name);
+  const QDir folder(program.supportFolder() + u"/Documents"_s);
+  const auto left = [&folder] { return folder.entryList(QDir::Files, QDir::Name); };
+  program.scenario()
+      .conversion(u"a.mkv"_s)
+      .announce(u"doomed"_s)
+      .hang()
+      .conversion(u"b.mkv"_s)
+      .announce(u"running"_s)
+      .wait(u"go"_s)
+      .write();
+  const auto doomed = program.start({u"convert"_s, u"a.mkv"_s});
+  QTRY_VERIFY_WITH_TIMEOUT(program.scenario().announced(u"doomed"_s), 30000);
+  doomed->kill();
+  QVERIFY(doomed->waitForFinished());
+  QCOMPARE(left(), QStringList(u"a.mkv.log"_s));
+  QCOMPARE(program.run({u"probe"_s, u"a.mkv"_s}).status, 0);
+  QCOMPARE(program.run({u"convert"_s, u"--dry-run"_s, u"a.mkv"_s}).status, 0);
+  QCOMPARE(left(), QStringList(u"a.mkv.log"_s));
+  const auto running = program.start({u"convert"_s, u"b.mkv"_s});
+  QTRY_VERIFY_WITH_TIMEOUT(program.scenario().announced(u"running"_s), 30000);
+  QCOMPARE(left(), QStringList(u"b.mkv.log"_s));
+  QCOMPARE(program.run({u"convert"_s, u"c.mkv"_s}).status, 0);
+  QCOMPARE(left(), QStringList(u"b.mkv.log"_s));
+  QVERIFY(program.scenario().release(u"go"_s));
+  QCOMPARE(DecantProgram::end(*running).status, 0);
+  QCOMPARE(left(), QStringList());
 }
 
 void TestCliEnds::nobodyReads() {

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include "OwnFile.h"
+
+namespace decant {
+
+// The files that the tool writes its progress to, one for each run. The program that made one holds
+// a lock on it for as long as it lives; so the files of a program that was killed can be told from
+// those of one that runs. Any thread.
+
+// An empty file for a run on `fileName`, the last path component of its source; two programs that
+// convert files of one name at the same time do not share it. Where none can be made it is not
+// there.
+[[nodiscard]] OwnFile claimProgressFile(const QString &fileName, const QString &folder);
+
+// Deletes the progress files in `folder` that no running program holds. Whatever does not look as
+// if the tool had written it stays, as do links and files of other users.
+void sweepProgressFiles(const QString &folder);
+
+}  // namespace decant
