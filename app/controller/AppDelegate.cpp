@@ -57,7 +57,6 @@ void AppDelegate::applicationWillFinishLaunching() {
   repairRetiredValues();
   if (speedHintIsDue()) Q_EMIT speedHintDue();
   migrateDestinationIndex();
-  Q_EMIT bookmarkCheckDue();
   repairDestinationIndex();
   const QStringList complaints = storedValueComplaints();
   if (!complaints.isEmpty())
