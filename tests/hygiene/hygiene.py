@@ -8,6 +8,8 @@ import re
 import sys
 from pathlib import Path
 
+from translations import translations
+
 HARD_CAP = 400  # lines of a source file; more means that it tells two things
 
 # Which folders a folder may include from, besides itself. The arrows point one way.
@@ -123,7 +125,7 @@ def run_bits(root):
 
 
 RULES = {"layers": layers, "length": length, "long-includes": long_includes, "sleeps": sleeps,
-         "leftovers": leftovers, "names": names, "run-bits": run_bits}
+         "leftovers": leftovers, "names": names, "run-bits": run_bits, "translations": translations}
 
 
 def main():

@@ -6,18 +6,54 @@ from pathlib import Path
 
 import hygiene
 
+
+def catalogue(*messages):
+    """A .ts file of (text, translation) pairs; one without a translation is unfinished."""
+    lines = [f"<message><source>{text}</source><translation" +
+             (f">{translation}" if translation else ' type="unfinished">') + "</translation></message>"
+             for text, translation in messages]
+    return f"<TS><context><name>decant</name>{''.join(lines)}</context></TS>"
+
+
+def form(context, *entries):
+    """A .ui file with a menu of these entries."""
+    names = [f"action{number}" for number in range(len(entries))]
+    actions = [f'<action name="{name}"><property name="text"><string>{entry}</string></property></action>'
+               for name, entry in zip(names, entries)]
+    added = [f'<addaction name="{name}"/>' for name in names]
+    return (f"<ui><class>{context}</class><widget>{''.join(actions)}<string notr='true'>Key</string>"
+            f"<widget class='QMenu' name='menu'>{''.join(added)}</widget></widget></ui>")
+
+
+CATALOGUE = "app/resources/translations/decant_de.ts"
 BROKEN = {
     "Ostrak/Ostrak/Core.h": '#include <QWidget>\n#include "Window.h"\n',
     "app/window/Window.h": '#include <QtWidgets/QWidget>\n',
     "app/cli/Window.h": "\n" * 500,
     "tests/unit/tst_a.cpp": "QTest::" + "qWait(5);\n// TO" + "DO later\n",
+    "app/cli/Texts.cpp": """localized(u"Missing"_s); worded(u"Un" // adjacent
+                              u"finished"_s, u"no text"_s); translatable("%@ of %i"); localized(text);
+                              localized(wide ? u"Blank "_s : u"Open -r"_s); localized(uR"(&Menu)"_s);
+                              localized(u"a\\nb\\n"_s)""",
+    "app/cli/Variable.cpp": "localized(text)",
+    "app/resources/ui/Form.ui": form("other", "&amp;New", "&amp;Old"),
+    CATALOGUE: catalogue(("Unfinished", ""), ("%@ of %i", "%i von %@"), ("Blank ", "Leer"), ("Gone", "Weg"),
+                         ("Open -r", "Öffnen"), ("&amp;Menu", "Menü"), ("&amp;New", "&amp;Neu"),
+                         ("&amp;Old", "&amp;Nicht mehr neu"),
+                         ("a\nb\n", "a\n" + "b" * 81 + "\n")),
 }
 SOUND = {
     "app/window/Window.h": '#include <QWidget>\n#include "Core.h"\n',
     "Ostrak/Ostrak/Core.h": "#include <QString>\n",
+    "app/cli/Texts.cpp": """// localized(u"in a comment"_s)
+                            localized(u"%1 \\"and\\" %2\\n\\u2026"_s); translatable("A" "B"); localized(table);
+                            localized(u"%@ 1"_s); log(u"no text"_s)""",
+    "app/resources/ui/Form.ui": form("decant", "&amp;New", "&amp;Old", "Fish &amp;&amp; Chips"),
+    CATALOGUE: catalogue(("%1 \"and\" %2\n…", "%2 und %1\n…"), ("AB", "ab"), ("&amp;New", "&amp;Neu"),
+                         ("&amp;Old", "&amp;Alt"), ("Fish &amp;&amp; Chips", "Fisch und Pommes")),
 }
 EXPECTED = {"layers": 2, "length": 1, "long-includes": 1, "sleeps": 1, "leftovers": 1, "names": 1,
-            "run-bits": 5}
+            "run-bits": 5, "translations": 11}
 
 
 def tree(folder, files):
