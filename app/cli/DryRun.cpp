@@ -71,7 +71,7 @@ void DryRun::plan() {
   if (!destination) {
     refuse(source, refusedFailure(worded(u"There is no folder to write to."_s)));
   } else {
-    m_claimed.claim(destination->toLocalFile(), source);
+    m_claimed.claim(destination->toLocalFile(), source, record.subtitleFileURL.toLocalFile());
     MKVFileInfo planned = record;
     planned.destinationURL = *destination;
     m_reporter.planned(plannedJob(planned));

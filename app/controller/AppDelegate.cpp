@@ -86,17 +86,19 @@ std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
 AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job,
                                                 ClaimedNames::Files &files) const {
   const QString source = job.fileInfo().fileURL.toLocalFile();
+  const QString subtitle = job.fileInfo().subtitleFileURL.toLocalFile();
   QString destination = destinationPath(job);
-  files = ClaimedNames::look(destination, source);
+  files = ClaimedNames::look(destination, source, subtitle);
   if (m_claimed.isSourceName(files)) return Admission::destinationIsSource;
   if (m_claimed.isClaimed(files)) {
     destination = m_claimed.uniqueName(destination);
     job.setDestinationURL(QUrl::fromLocalFile(destination));
-    files = ClaimedNames::look(destination, source);
+    files = ClaimedNames::look(destination, source, subtitle);
   }
   // Where a file can be made there was none, so it was nobody's source by another name.
   if (ostrak::isWriteablePath(destination)) return Admission::added;
-  return ostrak::isSameFile(source, destination) || m_claimed.isSource(destination)
+  return ostrak::isSameFile(source, destination) || ostrak::isSameFile(subtitle, destination) ||
+                 m_claimed.isSource(destination)
              ? Admission::destinationIsSource
              : Admission::notWritable;
 }

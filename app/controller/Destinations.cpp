@@ -67,26 +67,47 @@ qsizetype lastFolderHolding(const QString &target, const QStringList &folders) {
   return -1;
 }
 
-ClaimedNames::Files ClaimedNames::look(const QString &destination, const QString &source) {
+ClaimedNames::Files ClaimedNames::look(const QString &destination, const QString &source,
+                                       const QString &subtitle) {
   const QString folder = folderOf(destination);
   const QString sourceFolder = folderOf(source);
   const auto identity = ostrak::fileIdentity(folder);
   const auto sourceIdentity =
       sourceFolder == folder ? identity : ostrak::fileIdentity(sourceFolder);
-  return {nameIn(identity, destination), nameIn(sourceIdentity, source),
-          ostrak::fileIdentity(source)};
+  Files files{nameIn(identity, destination),
+              nameIn(sourceIdentity, source),
+              ostrak::fileIdentity(source),
+              {},
+              {}};
+  if (!subtitle.isEmpty()) {
+    files.subtitleName = nameOf(subtitle);
+    files.subtitle = ostrak::fileIdentity(subtitle);
+  }
+  return files;
 }
 
-void ClaimedNames::claim(const QString &destination, const QString &source) {
-  claim(look(destination, source));
+void ClaimedNames::claim(const QString &destination, const QString &source,
+                         const QString &subtitle) {
+  claim(look(destination, source, subtitle));
 }
 
 void ClaimedNames::claim(const Files &files) {
   const auto before = m_claims.find(files.destinationName);
   if (before != m_claims.end()) release(before);
-  m_claims.insert(files.destinationName, {files.sourceName, files.source});
-  ++m_sourceNames[files.sourceName];
-  if (files.source) ++m_sources[*files.source];
+  m_claims.insert(files.destinationName,
+                  {files.sourceName, files.source, files.subtitleName, files.subtitle});
+  protect(files.sourceName, files.source);
+  if (!files.subtitleName.isEmpty()) protect(files.subtitleName, files.subtitle);
+}
+
+void ClaimedNames::protect(const QString &name, const std::optional<ostrak::FileIdentity> &file) {
+  ++m_sourceNames[name];
+  if (file) ++m_sources[*file];
+}
+
+void ClaimedNames::unprotect(const QString &name, const std::optional<ostrak::FileIdentity> &file) {
+  countDown(m_sourceNames, name);
+  if (file) countDown(m_sources, *file);
 }
 
 void ClaimedNames::release(const QString &destination) {
@@ -95,8 +116,8 @@ void ClaimedNames::release(const QString &destination) {
 }
 
 void ClaimedNames::release(Claims::iterator claim) {
-  countDown(m_sourceNames, claim->sourceName);
-  if (claim->source) countDown(m_sources, *claim->source);
+  unprotect(claim->sourceName, claim->source);
+  if (!claim->subtitleName.isEmpty()) unprotect(claim->subtitleName, claim->subtitle);
   countAnew(claim.key());
   m_claims.erase(claim);
 }
@@ -130,7 +151,9 @@ bool ClaimedNames::isSource(const QString &path) const {
 }
 
 bool ClaimedNames::isSourceName(const Files &files) const {
-  return files.destinationName == files.sourceName || m_sourceNames.contains(files.destinationName);
+  return files.destinationName == files.sourceName ||
+         files.destinationName == files.subtitleName ||
+         m_sourceNames.contains(files.destinationName);
 }
 
 int ClaimedNames::jobsOnSource(const QString &path) const {

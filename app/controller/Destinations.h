@@ -30,21 +30,25 @@ struct DestinationChoice {
 
 // Names that jobs will write and files that they will read, from the moment a job is queued until
 // it leaves the queue, so that two jobs never share an output and none overwrites another's source.
-// A name stands for the folder that holds it, whatever path leads there; a source is known by its
-// device and inode as they were when it was claimed, so that renaming it does not unprotect it, and
-// by its name. All lookups are constant time.
+// A name stands for the folder that holds it, whatever path leads there; a source, the subtitle
+// file that is paired with a movie included, is known by its device and inode as they were when it
+// was claimed, so that renaming it does not unprotect it, and by its name. All lookups are constant
+// time.
 class ClaimedNames final {
  public:
-  // Both files of a job as the system knows them at this moment. Looking is what costs; whoever
-  // asks several things looks once.
+  // The files of a job as the system knows them at this moment. Looking is what costs; whoever asks
+  // several things looks once.
   struct Files {
     QString destinationName;
     QString sourceName;
     std::optional<ostrak::FileIdentity> source;
+    QString subtitleName;  // empty when no subtitle file is paired
+    std::optional<ostrak::FileIdentity> subtitle;
   };
-  [[nodiscard]] static Files look(const QString &destination, const QString &source);
+  [[nodiscard]] static Files look(const QString &destination, const QString &source,
+                                  const QString &subtitle = {});
 
-  void claim(const QString &destination, const QString &source);
+  void claim(const QString &destination, const QString &source, const QString &subtitle = {});
   void claim(const Files &files);
   void release(const QString &destination);
   // The job that claimed `destination` will write to `other` instead.
@@ -53,7 +57,7 @@ class ClaimedNames final {
   [[nodiscard]] bool isClaimed(const Files &files) const;
   // Whether the file at `path` is a source of a queued job.
   [[nodiscard]] bool isSource(const QString &path) const;
-  // Whether the job's destination has the name of its own source, or of a queued job's.
+  // Whether the job's destination has the name of a source of its own, or of a queued job's.
   [[nodiscard]] bool isSourceName(const Files &files) const;
   // How many jobs read the source at `path`.
   [[nodiscard]] int jobsOnSource(const QString &path) const;
@@ -66,10 +70,14 @@ class ClaimedNames final {
   struct Claim {
     QString sourceName;
     std::optional<ostrak::FileIdentity> source;
+    QString subtitleName;
+    std::optional<ostrak::FileIdentity> subtitle;
   };
   using Claims = QHash<QString, Claim>;
   void release(Claims::iterator claim);
   void countAnew(const QString &name);
+  void protect(const QString &name, const std::optional<ostrak::FileIdentity> &file);
+  void unprotect(const QString &name, const std::optional<ostrak::FileIdentity> &file);
 
   Claims m_claims;  // by the destination's name
   // By a wanted name, while it or one of its numbers is claimed: all numbers below are taken.

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <QtTest>
 
 #include "ControllerProgram.h"
@@ -22,9 +20,6 @@ class TestAdmission final : public QObject {
   void unwritableDestinationIsRefused_data();
   void unwritableDestinationIsRefused();
   void refusalCancelsTheIntake();
-  void sourceAsDestinationIsRefused_data();
-  void sourceAsDestinationIsRefused();
-  void sourceOfAnotherJobIsRefused();
   void twoJobsNeverShareADestination();
   void claimEndsWithTheJob();
   void takenDestinationIsMadeUniqueAtTheStart();
@@ -82,45 +77,6 @@ void TestAdmission::refusalCancelsTheIntake() {
   QCOMPARE(m_p->controller->addJob(std::move(job)), AppDelegate::Admission::notWritable);
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
   QCOMPARE(m_p->intake().fileInfo()->fileName, u"2.mkv"_s);
-}
-
-void TestAdmission::sourceAsDestinationIsRefused_data() {
-  QTest::addColumn<QString>("destination");
-  QTest::newRow("itself") << u"film.mkv"_s;
-  QTest::newRow("by a dot") << u"./film.mkv"_s;
-  QTest::newRow("by a symbolic link") << u"symbolic.m4v"_s;
-  QTest::newRow("by a hard link") << u"hard.m4v"_s;
-}
-
-void TestAdmission::sourceAsDestinationIsRefused() {
-  QFETCH(const QString, destination);
-  const QString source = m_p->movie(u"film.mkv"_s);
-  QVERIFY(QFile::link(source, m_p->path(u"symbolic.m4v"_s)));
-  QCOMPARE(::link(QFile::encodeName(source).constData(),
-                  QFile::encodeName(m_p->path(u"hard.m4v"_s)).constData()),
-           0);
-  QCOMPARE(admit(source, m_p->program.root() + u'/' + destination),
-           AppDelegate::Admission::destinationIsSource);
-  QTRY_COMPARE(told(),
-               QStringList(u"You've tried to overwrite the source file with the target file. "
-                           "Thats the worst idea ever."_s));
-  QCOMPARE(m_p->program.presenter().presented.at(0).buttons, QStringList(u"D'oh"_s));
-  QCOMPARE(QFileInfo(source).size(), 7);
-}
-
-void TestAdmission::sourceOfAnotherJobIsRefused() {
-  m_p->add(u"1slow.mkv"_s);
-  const QString second = m_p->movie(u"2.mp4"_s);
-  QCOMPARE(admit(second, m_p->path(u"out.m4v"_s)), AppDelegate::Admission::added);
-  QCOMPARE(admit(m_p->movie(u"3.mkv"_s), second), AppDelegate::Admission::destinationIsSource);
-  // Protected by its file and by its name, also after it was moved away.
-  QVERIFY(QFile::rename(second, m_p->path(u"moved.mp4"_s)));
-  QCOMPARE(admit(m_p->movie(u"3.mkv"_s), m_p->path(u"moved.mp4"_s)),
-           AppDelegate::Admission::destinationIsSource);
-  QCOMPARE(admit(m_p->movie(u"3.mkv"_s), second), AppDelegate::Admission::destinationIsSource);
-  QCOMPARE(m_p->names(), QStringList({u"2.mp4"_s, u"1slow.mkv"_s}));
-  // An alert that is still on its way would come to the next test.
-  QTRY_VERIFY(!told().isEmpty());
 }
 
 void TestAdmission::twoJobsNeverShareADestination() {

@@ -37,6 +37,7 @@ class TestDestinations final : public QObject {
   void renamedSourceStaysASource();
   void replacedSourceStaysASourceByName();
   void sourceOfSeveralJobsIsCounted();
+  void subtitleFileIsASource();
   void claimMovesWithItsSource();
   void releaseOfAnUnknownNameChangesNothing();
 
@@ -241,6 +242,29 @@ void TestDestinations::sourceOfSeveralJobsIsCounted() {
   QVERIFY(claimed.isSource(source));
   claimed.release(second);
   QCOMPARE(claimed.jobsOnSource(source), 0);
+}
+
+void TestDestinations::subtitleFileIsASource() {
+  const QString source = file(u"a.mkv"_s);
+  const QString subtitle = file(u"a.srt"_s);
+  const QString out = m_program->path(u"out.m4v"_s);
+  const QString moved = m_program->path(u"out-0.m4v"_s);
+  const QString hard = m_program->path(u"hard.mp4"_s);
+  QCOMPARE(::link(QFile::encodeName(subtitle).constData(), QFile::encodeName(hard).constData()), 0);
+  ClaimedNames claimed;
+  QVERIFY(claimed.isSourceName(ClaimedNames::look(subtitle, source, subtitle)));
+  claimed.claim(out, source, subtitle);
+  QVERIFY(claimed.isSource(subtitle));
+  QVERIFY(claimed.isSource(hard));
+  QVERIFY(claimed.isSourceName(ClaimedNames::look(subtitle, file(u"b.mkv"_s))));
+  claimed.move(out, moved);
+  // By its name, too, and by its file under another one.
+  QVERIFY(QFile::rename(subtitle, m_program->path(u"renamed.srt"_s)));
+  QVERIFY(claimed.isSource(m_program->path(u"renamed.srt"_s)));
+  QVERIFY(claimed.isSource(subtitle));
+  claimed.release(moved);
+  QVERIFY(!claimed.isSource(hard));
+  QVERIFY(!claimed.isSource(subtitle));
 }
 
 void TestDestinations::claimMovesWithItsSource() {
