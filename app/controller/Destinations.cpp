@@ -38,6 +38,15 @@ QString withoutNumber(const QString &name) {
   return name.left(dash) + (hasExtension ? name.mid(dot) : QString());
 }
 
+// A short extension may become a longer one.
+QString withExtension(const QString &stem, const QString &extension) {
+  const qsizetype name = stem.lastIndexOf(u'/') + 1;
+  const qsizetype room = ostrak::longestFileName - 1 - extension.toUtf8().size();
+  const QString path = stem.left(name) + ostrak::nameCutToBytes(stem.mid(name), room) + u'.' +
+                       extension;
+  return path;
+}
+
 template <typename Key>
 void countDown(QHash<Key, int> &counts, const Key &key) {
   const auto found = counts.find(key);
@@ -51,13 +60,11 @@ QString outputExtension() {
 }
 
 QString outputName(const MKVFileInfo &fileInfo, const QString &extension) {
-  const QString name = withoutExtension(fileInfo.fileName) + u'.' + extension;
-  return name;
+  return withExtension(withoutExtension(fileInfo.fileName), extension);
 }
 
 QString pathNextToSource(const MKVFileInfo &fileInfo, const QString &extension) {
-  const QString path = withoutExtension(fileInfo.fileURL.toLocalFile()) + u'.' + extension;
-  return path;
+  return withExtension(withoutExtension(fileInfo.fileURL.toLocalFile()), extension);
 }
 
 qsizetype lastFolderHolding(const QString &target, const QStringList &folders) {
@@ -174,7 +181,8 @@ QString ClaimedNames::uniqueName(const QString &wanted) const {
     return claimed;
   };
   const QString unique = ostrak::uniqueFile(wanted, isTaken, number);
-  if (amongClaims && unique != wanted) m_nextNumbers.insert(name, number);
+  // One that was cut for its number does not tell what it was made of when it is given up.
+  if (amongClaims && withoutNumber(unique) == wanted) m_nextNumbers.insert(name, number);
   return unique;
 }
 

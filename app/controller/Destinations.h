@@ -21,9 +21,10 @@ struct DestinationChoice {
 
 // "m4v" or "mp4", by the setting.
 [[nodiscard]] QString outputExtension();
-// Name of the output of a record: its file name without extension, and the extension.
+// Name of the output of a record: its file name without extension, cut where it would not fit into
+// a file's name, and the extension.
 [[nodiscard]] QString outputName(const MKVFileInfo &fileInfo, const QString &extension);
-// The source's path with its extension replaced.
+// The source's path with its extension replaced, its name cut likewise.
 [[nodiscard]] QString pathNextToSource(const MKVFileInfo &fileInfo, const QString &extension);
 // Index of the last folder whose path is a plain string prefix of `target`; -1 when none is.
 [[nodiscard]] qsizetype lastFolderHolding(const QString &target, const QStringList &folders);

@@ -38,7 +38,41 @@ SplitPath splitPath(const QString &path) {
   return {path.left(dot), path.mid(dot + 1)};
 }
 
+// How many bytes of UTF-8 the character at the start of `text` takes, and how many units it has.
+struct CharacterSize {
+  qsizetype bytes;
+  qsizetype units;
+};
+
+CharacterSize firstCharacterSize(QStringView text) {
+  const bool pair = text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate();
+  if (pair) return {4, 2};
+  const char16_t unit = text[0].unicode();
+  return {unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3, 1};
+}
+
+QString numbered(const SplitPath &parts, quint64 number) {
+  const QString end = u'-' + QString::number(number) + u'.' + parts.extension;
+  const qsizetype name = parts.stem.lastIndexOf(u'/') + 1;
+  const qsizetype room = longestFileName - end.toUtf8().size();
+  const QString cut = nameCutToBytes(QStringView(parts.stem).sliced(name), room);
+  // Where all is extension nothing is gained by cutting.
+  return (cut.isEmpty() ? parts.stem : QString(parts.stem.left(name) + cut)) + end;
+}
+
 }  // namespace
+
+QString nameCutToBytes(QStringView name, qsizetype bytes) {
+  qsizetype taken = 0;
+  qsizetype kept = 0;
+  while (kept < name.size()) {
+    const CharacterSize next = firstCharacterSize(name.sliced(kept));
+    if (taken + next.bytes > bytes) break;
+    taken += next.bytes;
+    kept += next.units;
+  }
+  return name.first(kept).toString();
+}
 
 QByteArray nativePath(const QString &path) {
   // The system would read a path only up to its first NUL, and so mean another file.
@@ -76,7 +110,7 @@ QString uniqueFile(const QString &path, const std::function<bool(const QString &
   if (!taken(path)) return path;
   const SplitPath parts = splitPath(path);
   for (;; ++number) {
-    const QString name = parts.stem + u'-' + QString::number(number) + u'.' + parts.extension;
+    const QString name = numbered(parts, number);
     if (!taken(name)) return name;
   }
 }

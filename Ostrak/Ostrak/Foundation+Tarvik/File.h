@@ -16,9 +16,15 @@ namespace ostrak {
 // identifier. The caller removes it.
 [[nodiscard]] std::optional<QString> makeTempFolder();
 
+// How long a file's name may be, in bytes of UTF-8.
+constexpr qsizetype longestFileName = 255;
+// As much of the beginning of a name as fits into so many bytes of UTF-8, no character cut in two.
+[[nodiscard]] QString nameCutToBytes(QStringView name, qsizetype bytes);
+
 // A path at which nothing exists: the path itself or, from 0 upwards, "movie-0.mp4". A path without
 // an extension still gets the dot: "movie-0.". A symbolic link that leads nowhere counts as
-// existing.
+// existing. Where the number would make the name longer than any may be, it takes the place of the
+// last characters before the extension.
 [[nodiscard]] QString uniqueFile(const QString &path);
 [[nodiscard]] QUrl uniqueFile(const QUrl &location);
 // The same with a further rule for what counts as taken, for instance names that others have

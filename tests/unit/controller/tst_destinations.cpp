@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <QtTest>
 
 #include "Defaults.h"
@@ -24,22 +22,11 @@ class TestDestinations final : public QObject {
   void extensionFollowsTheSetting();
   void names_data();
   void names();
+  void longNamesFit();
   void lastFolderThatIsAPrefixWins();
   void nextToSourceNeedsAnOpenedFolder();
   void folderTakesTheOutputName();
   void resolvedNamesAreUnique();
-  void claimedNamesAreNotFree();
-  void numbersGoOnWhileNamesAreClaimed();
-  void numbersBeginAnewWithoutClaims();
-  void manyOfOneNameAreNumbered();
-  void claimIsTheSameByEveryPath();
-  void sourceIsKnownByEveryName();
-  void renamedSourceStaysASource();
-  void replacedSourceStaysASourceByName();
-  void sourceOfSeveralJobsIsCounted();
-  void subtitleFileIsASource();
-  void claimMovesWithItsSource();
-  void releaseOfAnUnknownNameChangesNothing();
 
  private:
   [[nodiscard]] QString file(const QString &name) const {
@@ -79,6 +66,19 @@ void TestDestinations::names() {
   QTEST(pathNextToSource(record(source), u"m4v"_s), "path");
 }
 
+void TestDestinations::longNamesFit() {
+  const QString stem(252, u'x');
+  const QString folder = m_program->root() + u'/';
+  const MKVFileInfo info = record(file(stem + u".ts"_s));
+  const QString name = QString(251, u'x') + u".m4v"_s;
+  QCOMPARE(outputName(info, u"m4v"_s), name);
+  QCOMPARE(pathNextToSource(info, u"m4v"_s), QString(folder + name));
+  QCOMPARE(file(name), QString(folder + name));
+  const QString numbered = folder + QString(249, u'x') + u"-0.m4v"_s;
+  QCOMPARE(resolveDestination({}, info, {u"/"_s}, ClaimedNames()), QUrl::fromLocalFile(numbered));
+  QVERIFY(ostrak::isWriteablePath(numbered));
+}
+
 void TestDestinations::lastFolderThatIsAPrefixWins() {
   QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {}), -1);
   QCOMPARE(lastFolderHolding(u"/Movies/a.mp4"_s, {u"/Other"_s}), -1);
@@ -109,186 +109,6 @@ void TestDestinations::resolvedNamesAreUnique() {
   claimed.claim(m_program->path(u"Film-0.m4v"_s), info.fileURL.toLocalFile());
   QCOMPARE(resolveDestination({}, info, {u"/"_s}, claimed),
            QUrl::fromLocalFile(m_program->path(u"Film-1.m4v"_s)));
-}
-
-void TestDestinations::claimedNamesAreNotFree() {
-  ClaimedNames claimed;
-  const QString wanted = m_program->path(u"a.m4v"_s);
-  QCOMPARE(claimed.uniqueName(wanted), wanted);
-  claimed.claim(wanted, m_program->path(u"a.mkv"_s));
-  QVERIFY(claimed.isClaimed(wanted));
-  QCOMPARE(claimed.uniqueName(wanted), m_program->path(u"a-0.m4v"_s));
-  claimed.release(wanted);
-  QVERIFY(!claimed.isClaimed(wanted));
-  QCOMPARE(claimed.uniqueName(wanted), wanted);
-}
-
-void TestDestinations::numbersGoOnWhileNamesAreClaimed() {
-  const auto path = [this](const QString &name) { return m_program->path(name); };
-  const QString wanted = path(u"a.m4v"_s);
-  const QString onDisk = file(u"a-0.m4v"_s);
-  ClaimedNames claimed;
-  claimed.claim(wanted, path(u"1.mkv"_s));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-1.m4v"_s));
-  claimed.claim(path(u"a-1.m4v"_s), path(u"2.mkv"_s));
-  QVERIFY(QFile::remove(onDisk));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-2.m4v"_s));
-  claimed.claim(path(u"a-2.m4v"_s), path(u"3.mkv"_s));
-  // What is given up, or moved away from, is free again.
-  claimed.release(path(u"a-1.m4v"_s));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-0.m4v"_s));
-  claimed.claim(path(u"a-0.m4v"_s), path(u"2.mkv"_s));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-1.m4v"_s));
-  claimed.claim(path(u"a-1.m4v"_s), path(u"4.mkv"_s));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-3.m4v"_s));
-  claimed.move(path(u"a-0.m4v"_s), path(u"b.m4v"_s));
-  QCOMPARE(claimed.uniqueName(wanted), path(u"a-0.m4v"_s));
-  claimed.release(wanted);
-  QCOMPARE(claimed.uniqueName(wanted), wanted);
-}
-
-void TestDestinations::numbersBeginAnewWithoutClaims() {
-  const QString wanted = file(u"a.m4v"_s);
-  const QString onDisk = file(u"a-0.m4v"_s);
-  const QString second = m_program->path(u"a-1.m4v"_s);
-  ClaimedNames claimed;
-  QCOMPARE(claimed.uniqueName(wanted), second);
-  // Nobody has claimed it, so nothing is remembered of it.
-  QVERIFY(QFile::remove(onDisk));
-  QCOMPARE(claimed.uniqueName(wanted), onDisk);
-  QCOMPARE(file(u"a-0.m4v"_s), onDisk);
-  claimed.claim(second, m_program->path(u"a.mkv"_s));
-  QCOMPARE(claimed.uniqueName(wanted), m_program->path(u"a-2.m4v"_s));
-  claimed.release(second);
-  QVERIFY(QFile::remove(onDisk));
-  QCOMPARE(claimed.uniqueName(wanted), onDisk);
-}
-
-void TestDestinations::manyOfOneNameAreNumbered() {
-  const QString wanted = m_program->path(u"a.m4v"_s);
-  ClaimedNames claimed;
-  claimed.claim(wanted, m_program->path(u"a.mkv"_s));
-  for (int i = 0; i < 2000; ++i) {
-    const QString unique = claimed.uniqueName(wanted);
-    QCOMPARE(unique, m_program->path(u"a-"_s + QString::number(i) + u".m4v"_s));
-    claimed.claim(unique, m_program->path(QString::number(i) + u".mkv"_s));
-  }
-}
-
-void TestDestinations::claimIsTheSameByEveryPath() {
-  const QString link = m_program->path(u"link"_s);
-  QVERIFY(QFile::link(m_program->root(), link));
-  ClaimedNames claimed;
-  claimed.claim(m_program->path(u"a.m4v"_s), m_program->path(u"a.mkv"_s));
-  QVERIFY(claimed.isClaimed(link + u"/a.m4v"_s));
-  QVERIFY(claimed.isClaimed(m_program->root() + u"/./a.m4v"_s));
-  QVERIFY(!claimed.isClaimed(link + u"/b.m4v"_s));
-  // In a folder that is not there, the text has to do.
-  claimed.claim(u"/nowhere/a.m4v"_s, m_program->path(u"b.mkv"_s));
-  QVERIFY(claimed.isClaimed(u"/nowhere/a.m4v"_s));
-}
-
-void TestDestinations::sourceIsKnownByEveryName() {
-  const QString source = file(u"a.mp4"_s);
-  const QString symbolic = m_program->path(u"symbolic.mp4"_s);
-  const QString hard = m_program->path(u"hard.mp4"_s);
-  QVERIFY(QFile::link(source, symbolic));
-  QCOMPARE(::link(QFile::encodeName(source).constData(), QFile::encodeName(hard).constData()), 0);
-  ClaimedNames claimed;
-  claimed.claim(m_program->path(u"out.m4v"_s), source);
-  const QString dotted = m_program->root() + u"/./a.mp4"_s;
-  for (const QString &path : {source, symbolic, hard, dotted})
-    QVERIFY(claimed.isSource(path));
-  QVERIFY(!claimed.isSource(file(u"b.mp4"_s)));
-  claimed.release(m_program->path(u"out.m4v"_s));
-  for (const QString &path : {source, symbolic, hard, dotted})
-    QVERIFY(!claimed.isSource(path));
-}
-
-void TestDestinations::renamedSourceStaysASource() {
-  const QString source = file(u"a.mp4"_s);
-  const QString out = m_program->path(u"out.m4v"_s);
-  ClaimedNames claimed;
-  claimed.claim(out, source);
-  const QString renamed = m_program->path(u"renamed.mp4"_s);
-  QVERIFY(QFile::rename(source, renamed));
-  QVERIFY(claimed.isSource(renamed));
-  claimed.release(out);
-  QVERIFY(!claimed.isSource(renamed));
-  QVERIFY(!claimed.isSource(source));
-}
-
-void TestDestinations::replacedSourceStaysASourceByName() {
-  const QString source = file(u"a.mp4"_s);
-  ClaimedNames claimed;
-  claimed.claim(m_program->path(u"out.m4v"_s), source);
-  const QString kept = m_program->path(u"kept.mp4"_s);
-  QVERIFY(QFile::rename(source, kept));
-  QCOMPARE(file(u"a.mp4"_s), source);
-  QVERIFY(claimed.isSource(source));
-  QVERIFY(claimed.isSource(kept));
-}
-
-void TestDestinations::sourceOfSeveralJobsIsCounted() {
-  const QString source = file(u"a.mp4"_s);
-  const QString first = m_program->path(u"1.m4v"_s);
-  const QString second = m_program->path(u"2.m4v"_s);
-  ClaimedNames claimed;
-  claimed.claim(first, source);
-  claimed.claim(second, source);
-  QCOMPARE(claimed.jobsOnSource(source), 2);
-  claimed.release(first);
-  QCOMPARE(claimed.jobsOnSource(source), 1);
-  QVERIFY(claimed.isSource(source));
-  claimed.release(second);
-  QCOMPARE(claimed.jobsOnSource(source), 0);
-}
-
-void TestDestinations::subtitleFileIsASource() {
-  const QString source = file(u"a.mkv"_s);
-  const QString subtitle = file(u"a.srt"_s);
-  const QString out = m_program->path(u"out.m4v"_s);
-  const QString moved = m_program->path(u"out-0.m4v"_s);
-  const QString hard = m_program->path(u"hard.mp4"_s);
-  QCOMPARE(::link(QFile::encodeName(subtitle).constData(), QFile::encodeName(hard).constData()), 0);
-  ClaimedNames claimed;
-  QVERIFY(claimed.isSourceName(ClaimedNames::look(subtitle, source, subtitle)));
-  claimed.claim(out, source, subtitle);
-  QVERIFY(claimed.isSource(subtitle));
-  QVERIFY(claimed.isSource(hard));
-  QVERIFY(claimed.isSourceName(ClaimedNames::look(subtitle, file(u"b.mkv"_s))));
-  claimed.move(out, moved);
-  // By its name, too, and by its file under another one.
-  QVERIFY(QFile::rename(subtitle, m_program->path(u"renamed.srt"_s)));
-  QVERIFY(claimed.isSource(m_program->path(u"renamed.srt"_s)));
-  QVERIFY(claimed.isSource(subtitle));
-  claimed.release(moved);
-  QVERIFY(!claimed.isSource(hard));
-  QVERIFY(!claimed.isSource(subtitle));
-}
-
-void TestDestinations::claimMovesWithItsSource() {
-  const QString source = file(u"a.mp4"_s);
-  const QString before = m_program->path(u"1.m4v"_s);
-  const QString after = m_program->path(u"1-0.m4v"_s);
-  ClaimedNames claimed;
-  claimed.claim(before, source);
-  claimed.move(before, after);
-  QVERIFY(!claimed.isClaimed(before));
-  QVERIFY(claimed.isClaimed(after));
-  QVERIFY(claimed.isSource(source));
-  claimed.release(after);
-  QVERIFY(!claimed.isSource(source));
-}
-
-void TestDestinations::releaseOfAnUnknownNameChangesNothing() {
-  const QString source = file(u"a.mp4"_s);
-  ClaimedNames claimed;
-  claimed.claim(m_program->path(u"1.m4v"_s), source);
-  claimed.release(m_program->path(u"2.m4v"_s));
-  claimed.move(m_program->path(u"2.m4v"_s), m_program->path(u"3.m4v"_s));
-  QCOMPARE(claimed.jobsOnSource(source), 1);
-  QVERIFY(!claimed.isClaimed(m_program->path(u"3.m4v"_s)));
 }
 
 QTEST_GUILESS_MAIN(TestDestinations)

@@ -15,6 +15,9 @@ class TestUniqueFile final : public QObject {
   void uniqueFile();
   void uniqueFileHeedsClaims();
   void uniqueFileCountsOn();
+  void longNamesAreCutForTheirNumber_data();
+  void longNamesAreCutForTheirNumber();
+  void endlessExtensionIsLeftAlone();
   void uniqueFileOfALocation();
 
  private:
@@ -86,6 +89,46 @@ void TestUniqueFile::uniqueFileCountsOn() {
   QCOMPARE(ostrak::uniqueFile(path(u"nine.mp4"_s), isTaken, number), path(u"nine-9.mp4"_s));
   QCOMPARE(number, quint64(9));
   QCOMPARE(asked, QStringList({u"nine.mp4"_s, u"nine-7.mp4"_s, u"nine-8.mp4"_s, u"nine-9.mp4"_s}));
+}
+
+void TestUniqueFile::longNamesAreCutForTheirNumber_data() {
+  QTest::addColumn<QString>("character");
+  QTest::newRow("one byte") << u"x"_s;
+  QTest::newRow("two bytes") << u"ü"_s;
+  QTest::newRow("three bytes") << u"映"_s;
+  QTest::newRow("four bytes") << u"🎬"_s;
+}
+
+// Every length up to the longest, and each number of up to three digits, can be made as a file.
+void TestUniqueFile::longNamesAreCutForTheirNumber() {
+  QFETCH(QString, character);
+  const qsizetype width = character.toUtf8().size();
+  for (int shift = 0; shift < 9; ++shift) {
+    QString stem(shift, u'a');
+    while (stem.toUtf8().size() + width + 4 <= ostrak::longestFileName)
+      stem += character;
+    const QString name = stem + u".mp4"_s;
+    write(name);
+    for (quint64 number : {0, 9, 10, 999}) {
+      const QString unique = ostrak::uniqueFile(path(name), {}, number);
+      const QString made = unique.mid(unique.lastIndexOf(u'/') + 1);
+      QVERIFY(made.endsWith(u'-' + QString::number(number) + u".mp4"_s));
+      const QString kept = made.left(made.lastIndexOf(u'-'));
+      QVERIFY(name.startsWith(kept));
+      QCOMPARE((kept.size() - shift) % character.size(), 0);
+      const qsizetype bytes = QFile::encodeName(made).size();
+      QVERIFY(bytes <= ostrak::longestFileName);
+      QVERIFY(kept == stem || bytes > ostrak::longestFileName - width);
+      write(made);
+      QVERIFY(QFile::exists(unique));
+    }
+  }
+}
+
+void TestUniqueFile::endlessExtensionIsLeftAlone() {
+  const QString name = u"a."_s + QString(250, u'x');
+  write(name);
+  QCOMPARE(ostrak::uniqueFile(path(name)), path(u"a-0."_s + QString(250, u'x')));
 }
 
 void TestUniqueFile::uniqueFileOfALocation() {
