@@ -8,6 +8,7 @@
 #include "Format.h"
 #include "ProbeAlerts.h"
 #include "ReportScan.h"
+#include "Text.h"
 
 // How a report is read. The first pass walks its lines: those that begin with "Stream" start a
 // block, which runs to the next; a "Duration" line gives running time and bitrate; all others are
@@ -237,8 +238,9 @@ void StreamReader::finish(const RunningTime &runningTime) {
   m_record.fileSize = m_source.fileSize;
   m_record.runtimeSeconds = runningTime.seconds;
   m_record.informationString = makeString(
-      u"Duration: %@  Bitrate: %@  Resolution: %@  Audiotracks: %i (%i)"_s, runningTime.text,
-      runningTime.bitrate, m_resolution, m_record.audioTrackInformation.size(), m_subtitles);
+      ostrak::localized(u"Duration: %@  Bitrate: %@  Resolution: %@  Audiotracks: %i (%i)"_s),
+      runningTime.text, runningTime.bitrate, m_resolution, m_record.audioTrackInformation.size(),
+      m_subtitles);
   checkPlayback();
   if (!m_record.videoTrackID) {
     m_outcome.alerts.append(noVideoAlert(m_source));

@@ -1641,6 +1641,11 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
     </message>
     <message>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <source> [%li Job(s), %li Queued]</source>
+        <translation> [Aufträge: %li, wartend: %li]</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/AppDelegate.cpp"/>
         <source>Add to Queue</source>
         <translation>In die Warteschlange</translation>
     </message>
@@ -1996,6 +2001,11 @@ Ausgabe des Befehls: %@</translation>
         <location filename="../../../app/probe/ProbeAlerts.cpp"/>
         <source>Exit</source>
         <translation>Beenden</translation>
+    </message>
+    <message>
+        <location filename="../../../app/probe/ReportParser.cpp"/>
+        <source>Duration: %@  Bitrate: %@  Resolution: %@  Audiotracks: %i (%i)</source>
+        <translation>Dauer: %@  Bitrate: %@  Auflösung: %@  Tonspuren: %i (%i)</translation>
     </message>
     <message>
         <location filename="../../../app/window/FilePanel.cpp"/>
