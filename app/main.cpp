@@ -2,25 +2,20 @@
 
 #include <QCoreApplication>
 
-#include "Clock.h"
+#include "ArgumentParser.h"
 #include "CommandLine.h"
 #include "GivenFile.h"
 #include "GuardedApplication.h"
 #include "Logging.h"
-#include "Ostrak.h"
 #include "PreferredAudioTrack.h"
-#include "RealSleepInhibitor.h"
-#include "RealTrashCan.h"
-#include "RealVolumes.h"
+#include "ProcessServices.h"
 #include "TextSink.h"
+#include "Translations.h"
+#ifdef DECANT_WINDOW
+#include "WindowMain.h"
+#endif
 
 namespace {
-
-QStringList languagesOfProcess() {
-  return decant::preferredLanguages3Letter(decant::preferredLanguageIdentifiers(
-      qEnvironmentVariable("LANGUAGE"), qEnvironmentVariable("LC_ALL"),
-      qEnvironmentVariable("LC_MESSAGES"), qEnvironmentVariable("LANG")));
-}
 
 bool hasDisplay() {
   return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
@@ -34,26 +29,41 @@ QList<QByteArray> argumentsOf(int argc, char **argv) {
   return arguments;
 }
 
+int runTerminal(int argc, char **argv, const QList<QByteArray> &arguments,
+                const QStringList &languages) {
+  const ostrak::GuardedApplication<QCoreApplication> application(argc, argv);
+  ProcessServices services;
+  const ostrak::Translations translations(
+      services.setup.bundlePath + QStringLiteral("/resources/translations"), languages);
+  decant::DescriptorSink output(STDOUT_FILENO);
+  decant::DescriptorSink error(STDERR_FILENO);
+  decant::CommandLine commandLine({services.setup, services.sleepInhibitor, services.trashCan,
+                                   services.volumes, services.clock, output, error,
+                                   decant::currentWorkingFolder(),
+                                   decant::preferredLanguages3Letter(languages), hasDisplay()});
+  return commandLine.run(arguments);
+}
+
+#ifdef DECANT_WINDOW
+bool wantsWindow(const QList<QByteArray> &arguments) {
+  const decant::ParsedArguments parsed = decant::parseArguments(arguments);
+  return hasDisplay() && parsed.problem.isNull() &&
+         parsed.invocation.command == decant::Command::Window;
+}
+#endif
+
 }  // namespace
 
-// The composition root: the one place that chooses real services.
+// The composition root: the one place that picks window or terminal, real or other services.
 int main(int argc, char **argv) {
   decant::secureStandardStreams();
   ostrak::installQtMessageLog();
   const QList<QByteArray> arguments = argumentsOf(argc, argv);
-  const ostrak::GuardedApplication<QCoreApplication> application(argc, argv);
-
-  const ostrak::OstrakSetup setup = ostrak::OstrakSetup::ofProcess();
-  RealSleepInhibitor sleepInhibitor(
-      SleepServices::ofProcess(setup.info.value(QStringLiteral("CFBundleName")).toString(),
-                               setup.info.value(QStringLiteral("CFBundleIdentifier")).toString()));
-  RealTrashCan trashCan;
-  RealVolumes volumes;
-  SystemClock clock;
-  decant::DescriptorSink output(STDOUT_FILENO);
-  decant::DescriptorSink error(STDERR_FILENO);
-  decant::CommandLine commandLine({setup, sleepInhibitor, trashCan, volumes, clock, output, error,
-                                   decant::currentWorkingFolder(), languagesOfProcess(),
-                                   hasDisplay()});
-  return commandLine.run(arguments);
+  const QStringList languages = decant::preferredLanguageIdentifiers(
+      qEnvironmentVariable("LANGUAGE"), qEnvironmentVariable("LC_ALL"),
+      qEnvironmentVariable("LC_MESSAGES"), qEnvironmentVariable("LANG"));
+#ifdef DECANT_WINDOW
+  if (wantsWindow(arguments)) return windowMain(argc, argv, arguments, languages);
+#endif
+  return runTerminal(argc, argv, arguments, languages);
 }

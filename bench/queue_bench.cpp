@@ -23,6 +23,7 @@
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
 #include "Ostrak.h"
+#include "Sandbox.h"
 #include "SleepInhibitor.h"
 #include "TrashCan.h"
 #include "UrlOpener.h"
@@ -41,8 +42,8 @@ class Program final {
  public:
   Program()
       : m_library(setup()),
-        m_services{m_sleepInhibitor, m_notifier, m_revealer, m_urlOpener,    m_keyboard,
-                   m_volumes,        m_clock,    QString(),  m_folder.path()},
+        m_services{m_sleepInhibitor, m_notifier, m_revealer, m_urlOpener, m_keyboard,
+                   m_volumes,        m_clock,    m_sandbox,  QString(),   m_folder.path()},
         m_controller(
             std::make_unique<AppDelegate>(AppServices{m_services, m_trashCan, {u"eng"_s}, [] {}})) {
     m_controller->pauseContinueClicked(true);
@@ -116,6 +117,7 @@ class Program final {
   NullKeyboardModifiers m_keyboard;
   NullVolumes m_volumes;
   SystemClock m_clock;
+  NullSandbox m_sandbox;
   NullTrashCan m_trashCan;
   JobServices m_services;
   std::unique_ptr<AppDelegate> m_controller;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace ostrak {
 
 QImage namedImage(const QString &name) {
-  for (const QString &folder : {u""_s, u"icons/"_s}) {
+  for (const QString &folder : {u""_s, u"images/"_s}) {
     for (const QString &extension : {u""_s, u".svg"_s, u".png"_s}) {
       const QString path = resourcePath(folder + name + extension);
       if (path.isNull() || !QFileInfo(path).isFile()) continue;

@@ -31,6 +31,7 @@ struct Alert {
   QStringList items;           // of Popup and Matrix
   QVariant value;              // the control's value, in and out
   QString subject;             // path of the file that the alert is about; null when about none
+  QString image;    // name of a picture in the bundle, for the icon; null for the usual one
   bool problemReport = false;  // its first button sends a problem report
 
   bool operator==(const Alert &) const = default;

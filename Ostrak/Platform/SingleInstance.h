@@ -15,11 +15,16 @@ class SingleInstance {
   // Tries to become the one instance. False when there is one already. Where no service can tell,
   // this process is the one.
   [[nodiscard]] virtual bool claim() = 0;
-  // Hands absolute paths to the one instance; waits until it has them. False when it did not
-  // answer.
+  // Hands absolute paths to the one instance; waits until it has them. False when it is gone or
+  // does not answer within some seconds: `claim` again then tells which.
   [[nodiscard]] virtual bool handOver(const QStringList &paths) = 0;
-  // Called on the main thread, also with what arrived between `claim` and this call.
+  // Called on the main thread, also with what arrived between `claim` and this call. An empty
+  // handler after another one means that nothing is served any more: who hands over then hears so
+  // and keeps its files.
   virtual void setHandler(Handler handler) = 0;
+  // Inside a handler: what the desktop gave the other start for coming to the front; null when
+  // nothing.
+  [[nodiscard]] virtual QString activationToken() const { return {}; }
   // Gives the place up, for a successor, and takes it back.
   virtual void release() = 0;
 };

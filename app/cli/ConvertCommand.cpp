@@ -141,6 +141,7 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
                          m_desktop.keyboard,
                          m_services.volumes,
                          m_services.clock,
+                         m_desktop.sandbox,
                          toolPath(),
                          progressFolder(),
                          {},
@@ -150,7 +151,7 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
                         m_services.preferredLanguages,
                         [] {},
                         proberWithSubtitle(input.subtitle),
-                        [destination] { return destination; }});
+                        fixedDestination(destination)});
   launch(delegate, m_services.error);
   ConvertRun run(delegate, std::move(input), invocation.audioTrack, *reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });

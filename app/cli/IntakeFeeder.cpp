@@ -2,6 +2,7 @@
 
 #include "Ostrak.h"
 #include "Printable.h"
+#include "Url.h"
 #include "Wording.h"
 
 using namespace Qt::StringLiterals;
@@ -84,7 +85,7 @@ Prober proberWithSubtitle(const QString &subtitle) {
   return [subtitle](const QUrl &source, const ProbeSettings &settings) {
     ProbeRun run = probeFile(source, settings);
     if (run.outcome.record) {
-      run.outcome.record->subtitleFileURL = QUrl::fromLocalFile(subtitle);
+      run.outcome.record->subtitleFileURL = ostrak::fileURL(subtitle);
       run.outcome.record->informationString.replace(u")"_s, u"+1)"_s);
     }
     return run;

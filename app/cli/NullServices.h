@@ -3,6 +3,7 @@
 #include "FileRevealer.h"
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
+#include "Sandbox.h"
 #include "UrlOpener.h"
 
 namespace decant {
@@ -13,6 +14,7 @@ struct NullServices {
   NullFileRevealer revealer;
   NullUrlOpener urlOpener;
   NullKeyboardModifiers keyboard;
+  NullSandbox sandbox;
 };
 
 }  // namespace decant

@@ -7,6 +7,7 @@
 #include "Probe.h"
 #include "Settings.h"
 #include "TextSink.h"
+#include "Url.h"
 #include "Wording.h"
 
 using namespace Qt::StringLiterals;
@@ -39,7 +40,7 @@ ProbeReport ProbeCommand::probe(const QByteArray &name) const {
   }
   try {
     const ProbeRun run =
-        probeFile(QUrl::fromLocalFile(file.path), {.heAACConvert = settingBool("HEAACConvert")});
+        probeFile(ostrak::fileURL(file.path), {.heAACConvert = settingBool("HEAACConvert")});
     report.record = run.outcome.record;
     for (const ProbeAlert &each : run.outcome.alerts)
       report.alerts.append(each.alert);

@@ -2,6 +2,7 @@
 
 #include <QMetaMethod>
 #include <QMetaObject>
+#include <QPointer>
 #include <QScopedValueRollback>
 
 #include "Alerts.h"
@@ -12,6 +13,7 @@
 #include "ProgressFiles.h"
 #include "Settings.h"
 #include "Text.h"
+#include "Url.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +40,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
       m_services(std::move(services)),
       m_disposal(m_services.trashCan),
       m_intake(m_services.preferredLanguages, m_services.prober) {
+  if (!m_services.destination) m_services.destination = fixedDestination({});
   registerSettings();
   connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);
@@ -57,6 +60,7 @@ void AppDelegate::applicationWillFinishLaunching() {
   repairRetiredValues();
   if (speedHintIsDue()) Q_EMIT speedHintDue();
   migrateDestinationIndex();
+  Q_EMIT bookmarkCheckDue();
   repairDestinationIndex();
   const QStringList complaints = storedValueComplaints();
   if (!complaints.isEmpty())
@@ -75,12 +79,30 @@ std::unique_ptr<ConversionJob> AppDelegate::makeJob(const QUrl &destination) {
 
 std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
   if (!m_intake.fileInfo()) return {};
-  const DestinationChoice choice =
-      m_services.destination ? m_services.destination() : DestinationChoice();
-  const std::optional<QUrl> destination =
-      resolveDestination(choice, *m_intake.fileInfo(), m_services.openedFolders, m_claimed);
-  if (!destination) return {};
-  return addJob(makeJob(*destination));
+  if (m_intake.state() == Intake::State::Asking) return {};
+  // The answer may come long after this has returned.
+  const auto admission = std::make_shared<std::optional<Admission>>();
+  const auto chosen = [app = QPointer(this), admission](const auto &destination) {
+    if (!app) return;
+    app->m_intake.setAsking(false);
+    if (destination) *admission = app->addShownTo(*destination);
+  };
+  m_intake.setAsking(true);
+  try {
+    m_services.destination(*m_intake.fileInfo(), m_claimed, chosen);
+  } catch (...) {
+    m_intake.setAsking(false);
+    throw;
+  }
+  return *admission;
+}
+
+std::optional<AppDelegate::Admission> AppDelegate::addShownTo(const Destination &destination) {
+  std::unique_ptr<ConversionJob> job = makeJob(destination.url);
+  if (!job) return {};
+  job->setReplacesDestination(destination.replaces);
+  job->setSecurityURL(destination.securityURL);
+  return addJob(std::move(job));
 }
 
 AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job,
@@ -92,7 +114,7 @@ AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job,
   if (m_claimed.isSourceName(files)) return Admission::destinationIsSource;
   if (m_claimed.isClaimed(files)) {
     destination = m_claimed.uniqueName(destination);
-    job.setDestinationURL(QUrl::fromLocalFile(destination));
+    job.setDestinationURL(ostrak::fileURL(destination));
     files = ClaimedNames::look(destination, source, subtitle);
   }
   // Where a file can be made there was none, so it was nobody's source by another name.
@@ -159,6 +181,7 @@ void AppDelegate::leaveShown() {
 // Nothing waits behind the last record, and the user may look at it for hours: what is queued does
 // not wait for that.
 void AppDelegate::recordShown() {
+  Q_EMIT rebuildDestinationPopUp();
   if (settingBool("AutoAdd") && addToQueue()) return;
   if (m_intake.importFiles().isEmpty()) m_queue.startNextJobInQueue();
 }
@@ -183,7 +206,7 @@ QString AppDelegate::windowTitle() const {
   const QString status = m_queue.paused() ? localized(u" (Paused)"_s) : u" "_s;
   const qsizetype jobs = m_queue.taskArray().size();
   const QString counts = jobs == 0 ? u""_s
-                                   : makeString(u" [%li Job(s), %li Queued]"_s, jobs,
+                                   : makeString(localized(u" [%li Job(s), %li Queued]"_s), jobs,
                                                 jobCountWithState(JobStateQueued));
   return makeString(u"%@%@%@"_s, tk->appName(), status, counts);
 }
@@ -269,7 +292,7 @@ QUrl AppDelegate::claimUniqueDestination(const QUrl &wanted) {
   const QString path = wanted.toLocalFile();
   const QString unique = m_claimed.uniqueName(path);
   m_claimed.move(path, unique);
-  return QUrl::fromLocalFile(unique);
+  return ostrak::fileURL(unique);
 }
 
 bool AppDelegate::isSource(const QString &path) const {

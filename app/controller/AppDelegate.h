@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "ConversionJob.h"
+#include "Destination.h"
 #include "Destinations.h"
 #include "DisposalGate.h"
 #include "Intake.h"
@@ -25,10 +26,8 @@ struct AppServices {
   QStringList preferredLanguages;  // three-letter codes
   std::function<void()> quit;      // ends the event loop
   Prober prober = &probeFile;
-  // Where a record goes that is queued without a question; empty means next to its source.
-  std::function<DestinationChoice()> destination = {};
-  // Folders that the program may write to; outside a sandbox, all.
-  QStringList openedFolders = {QStringLiteral("/")};
+  // Where a record goes; empty means next to its source.
+  DestinationChooser destination = {};
 };
 
 // The application controller: owns queue, intake and disposal and carries events between them. Each
@@ -60,8 +59,9 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   // told. A destination that another job has claimed is made unique.
   enum class Admission { added, notWritable, destinationIsSource };
   Admission addJob(std::unique_ptr<ConversionJob> job);
-  // Makes a job of the shown record by the current choice of the destination. Nothing when no
-  // record is shown, or when no folder may be used.
+  // Makes a job of the shown record once its destination is chosen; a record without one stays
+  // shown. Nothing when no record is shown, when no folder may be used, and while the user is
+  // asked.
   std::optional<Admission> addToQueue();
   void cleanClicked();
   [[nodiscard]] QString windowTitle() const;
@@ -90,12 +90,17 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
  Q_SIGNALS:
   void windowTitleChanged(const QString &title);
   void pauseTextsChanged();
+  // A new record is shown: the destination menu is to be filled again and goes back to its default.
+  void rebuildDestinationPopUp();
   // The hint about the faster style is due; speedHintShown() when it has been dismissed.
   void speedHintDue();
+  // The stored folders are to be checked now, between the repairs of their index.
+  void bookmarkCheckDue();
 
  private:
   // Looks at the job's files, too; `files` are those that it will claim.
   [[nodiscard]] Admission admissionOf(ConversionJob &job, ClaimedNames::Files &files) const;
+  [[nodiscard]] std::optional<Admission> addShownTo(const Destination &destination);
   void refuse(const ConversionJob &job, const QString &message, const QString &button);
   void leaveShown();
   void updateWindowTitle();

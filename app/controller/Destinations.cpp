@@ -2,6 +2,7 @@
 
 #include "Settings.h"
 #include "SortedFiles.h"
+#include "Url.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,8 +43,8 @@ QString withoutNumber(const QString &name) {
 QString withExtension(const QString &stem, const QString &extension) {
   const qsizetype name = stem.lastIndexOf(u'/') + 1;
   const qsizetype room = ostrak::longestFileName - 1 - extension.toUtf8().size();
-  const QString path = stem.left(name) + ostrak::nameCutToBytes(stem.mid(name), room) + u'.' +
-                       extension;
+  const QString path =
+      stem.left(name) + ostrak::nameCutToBytes(stem.mid(name), room) + u'.' + extension;
   return path;
 }
 
@@ -158,8 +159,7 @@ bool ClaimedNames::isSource(const QString &path) const {
 }
 
 bool ClaimedNames::isSourceName(const Files &files) const {
-  return files.destinationName == files.sourceName ||
-         files.destinationName == files.subtitleName ||
+  return files.destinationName == files.sourceName || files.destinationName == files.subtitleName ||
          m_sourceNames.contains(files.destinationName);
 }
 
@@ -192,11 +192,19 @@ std::optional<QUrl> resolveDestination(const DestinationChoice &choice, const MK
   const QString extension = outputExtension();
   if (choice.kind == DestinationChoice::Kind::Folder) {
     const QString inFolder = choice.folder + u'/' + outputName(fileInfo, extension);
-    return QUrl::fromLocalFile(claimed.uniqueName(inFolder));
+    return ostrak::fileURL(claimed.uniqueName(inFolder));
   }
   const QString target = pathNextToSource(fileInfo, extension);
   if (lastFolderHolding(target, openedFolders) < 0) return {};
-  return QUrl::fromLocalFile(claimed.uniqueName(target));
+  return ostrak::fileURL(claimed.uniqueName(target));
+}
+
+DestinationChooser fixedDestination(const DestinationChoice &choice) {
+  return [choice](const MKVFileInfo &record, const ClaimedNames &claimed,
+                  const DestinationAnswer &answer) {
+    const std::optional<QUrl> url = resolveDestination(choice, record, {u"/"_s}, claimed);
+    answer(url ? std::optional(Destination{*url, {}, false}) : std::nullopt);
+  };
 }
 
 }  // namespace decant

@@ -6,13 +6,13 @@
 #include <QUrl>
 #include <optional>
 
+#include "Destination.h"
 #include "File.h"
 #include "MKVFileInfo.h"
 
 namespace decant {
 
-// Where the output of a record goes. Asking each time is a matter of the window, which then names a
-// file.
+// Where the outputs of a run go that asks nobody.
 struct DestinationChoice {
   enum class Kind { NextToSource, Folder };
   Kind kind = Kind::NextToSource;
@@ -93,5 +93,8 @@ class ClaimedNames final {
                                                      const MKVFileInfo &fileInfo,
                                                      const QStringList &openedFolders,
                                                      const ClaimedNames &claimed);
+
+// The same choice for every record, without a question; every folder may be used.
+[[nodiscard]] DestinationChooser fixedDestination(const DestinationChoice &choice);
 
 }  // namespace decant

@@ -76,7 +76,8 @@ void Intake::openFiles(const QStringList &paths) {
 
 void Intake::addNextFile() {
   if (state() != State::Idle || m_importFiles.isEmpty()) return;
-  const QString path = m_importFiles.takeLast();
+  m_currentPath = m_importFiles.takeLast();
+  const QString path = m_currentPath;
   const QString subtitle = pairedSubtitle(path, m_importSubtitleFiles);
   m_probing = true;
   m_skipping = false;
@@ -136,6 +137,7 @@ void Intake::cancelAdd() {
 void Intake::leave() {
   m_showing = false;
   m_skipping = false;
+  m_currentPath = QString();
   Q_EMIT changed();
   addNextFile();
   if (isIdle()) Q_EMIT drained();

@@ -44,6 +44,8 @@ class Intake final : public QObject {
   [[nodiscard]] bool isScanning() const { return m_probing; }
   // Nothing is probed, shown, asked about or waiting.
   [[nodiscard]] bool isIdle() const { return state() == State::Idle && m_importFiles.isEmpty(); }
+  // The file that is probed, shown or asked about; null when there is none.
+  [[nodiscard]] const QString &currentPath() const { return m_currentPath; }
   // The last is taken first.
   [[nodiscard]] const QStringList &importFiles() const { return m_importFiles; }
   [[nodiscard]] const QMap<QString, QString> &importSubtitleFiles() const {
@@ -78,6 +80,7 @@ class Intake final : public QObject {
   QStringList m_preferredLanguages;
   Prober m_prober;
   QStringList m_importFiles;
+  QString m_currentPath;
   QMap<QString, QString> m_importSubtitleFiles;
   std::optional<MKVFileInfo> m_fileInfo;
   quint64 m_audioTrackIndex = 0;

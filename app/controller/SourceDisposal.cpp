@@ -18,6 +18,7 @@
 #include "Probe.h"
 #include "Text.h"
 #include "TrashCan.h"
+#include "Url.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,7 +59,7 @@ QString whyKeepFor(const QString &destination, const DisposalRequest &request,
     const QString notSynced = whyNotSynced(path);
     if (!notSynced.isNull()) return notSynced;
   }
-  const int seconds = duration(QUrl::fromLocalFile(destination));
+  const int seconds = duration(ostrak::fileURL(destination));
   if (seconds < 0) return makeString(u"%@ does not say how long it is"_s, destination);
   if (!request.runtimeSeconds) return u"it is not known how long the source is"_s;
   if (!isAsLong(request.runtimeSeconds, seconds))

@@ -13,6 +13,7 @@
 #include "Notifier.h"
 #include "Ostrak.h"
 #include "RunPreparation.h"
+#include "Sandbox.h"
 #include "StatusText.h"
 #include "StoppingRun.h"
 #include "Text.h"
@@ -49,6 +50,7 @@ ConversionJob::~ConversionJob() {
   // Nobody removed it: the program ends in a hurry, and still leaves neither child nor partial
   // output.
   if (m_run) StoppingRun::finish(std::move(m_run));
+  stopAccess();
 }
 
 QString ConversionJob::stateInfoString() const {
@@ -145,6 +147,7 @@ void ConversionJob::remove() {
   } else if (m_partialOutput) {
     m_partialOutput->remove();
   }
+  stopAccess();
   m_ad.removeJob(*this);
   if (m_ad.jobCountWithState(JobStateConverting) == 0) m_ad.startNextJobInQueue();
 }
@@ -275,6 +278,11 @@ void ConversionJob::setFastmode(const ConversionSettings &settings) {
   if (fastmode == m_fastmode) return;
   m_fastmode = fastmode;
   Q_EMIT fastmodeChanged();
+}
+
+void ConversionJob::stopAccess() {
+  const QUrl folder = std::exchange(m_fileInfo.securityURL, {});
+  if (!folder.isEmpty()) m_services.sandbox.stopAccess(folder.toLocalFile());
 }
 
 QString ConversionJob::source() const {

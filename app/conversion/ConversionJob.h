@@ -18,6 +18,7 @@ class Clock;
 class FileRevealer;
 class KeyboardModifiers;
 class Notifier;
+class Sandbox;
 class SleepInhibitor;
 class UrlOpener;
 class Volumes;
@@ -37,6 +38,7 @@ struct JobServices {
   KeyboardModifiers &keyboard;
   Volumes &volumes;
   Clock &clock;
+  Sandbox &sandbox;
   QString toolPath;        // resources/ffmpeg
   QString progressFolder;  // where progress files are kept; exists
   ostrak::StopDelays stopDelays = {};
@@ -86,6 +88,8 @@ class ConversionJob final : public QObject {
   [[nodiscard]] double elapsedSeconds() const;
   // By the documented estimate, for a converting job.
   [[nodiscard]] double etaSeconds() const;
+  // The folder whose access was started for this job; the job ends it when it goes.
+  void setSecurityURL(const QUrl &folder) { m_fileInfo.securityURL = folder; }
   // The user has agreed to replace what is at the destination.
   void setReplacesDestination(bool agreed) { m_replacesDestination = agreed; }
 
@@ -130,6 +134,7 @@ class ConversionJob final : public QObject {
   void setState(JobState state);
   void setProgress(double percent);
   void setFastmode(const ConversionSettings &settings);
+  void stopAccess();
   [[nodiscard]] QString source() const;
   [[nodiscard]] QString destination() const;
 

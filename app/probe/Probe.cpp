@@ -17,6 +17,7 @@
 #include "File.h"
 #include "Ostrak.h"
 #include "ProbeAlerts.h"
+#include "Url.h"
 
 namespace decant {
 
@@ -102,7 +103,7 @@ QStringList toolVariablesToRemove() {
 
 ProbeRun probeFile(const QUrl &source, const ProbeSettings &settings) {
   const QString path = absolutePath(source);
-  const QUrl url = source.toLocalFile().startsWith(u'/') ? source : QUrl::fromLocalFile(path);
+  const QUrl url = source.toLocalFile().startsWith(u'/') ? source : ostrak::fileURL(path);
   ProbeSource known{url, 0, tk->appName()};
   if (ostrak::fileIsAlias(url)) return refused(aliasAlert(known));
   if (const auto refusal = refusalOf(path)) return refused(refusedFileAlert(known, *refusal));
@@ -165,7 +166,7 @@ qint32 durationWithin(const QUrl &source, milliseconds patience) {
   if (refusalOf(path)) return -1;
   const ToolRun tool = runTool(path, patience);
   if (!tool.started || tool.stopped) return -1;
-  return durationInReport(tool.report, QUrl::fromLocalFile(path)).value_or(-1);
+  return durationInReport(tool.report, ostrak::fileURL(path)).value_or(-1);
 }
 
 }  // namespace decant

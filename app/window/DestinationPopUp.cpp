@@ -34,10 +34,7 @@ void DestinationPopUp::select(int index) {
   const QSignalBlocker blocker(m_menu);
   m_selected = index >= 0 && index < m_menu.count() - 1 ? index : 0;
   m_menu.setCurrentIndex(m_selected);
-}
-
-int DestinationPopUp::index() const {
-  return m_selected;
+  Q_EMIT selected(m_selected);
 }
 
 void DestinationPopUp::activated(int index) {
@@ -47,6 +44,7 @@ void DestinationPopUp::activated(int index) {
     return;
   }
   m_selected = index;
+  Q_EMIT selected(index);
   Q_EMIT picked(index);
 }
 

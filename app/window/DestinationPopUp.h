@@ -19,10 +19,12 @@ class DestinationPopUp final : public QObject {
 
   // Fills the menu anew and selects "DefaultDestination".
   void rebuild();
+  // An entry that is no destination selects the first.
   void select(int index);
-  [[nodiscard]] int index() const;
 
  Q_SIGNALS:
+  // Another entry is selected, by the user or by this.
+  void selected(int index);
   // The user picked an entry other than the command.
   void picked(int index);
   // The user picked the command.

@@ -155,7 +155,11 @@ void MainWindow::connectMenus() {
 void MainWindow::connectDestinations() {
   auto &menu = m_filePanel->destinationPopUp();
   m_destinations = new DestinationPopUp(menu, m_parts->folders, this);
-  connect(&m_parts->app.intake(), &Intake::probed, m_destinations, &DestinationPopUp::rebuild);
+  connect(m_destinations, &DestinationPopUp::selected, this,
+          [this](int index) { m_parts->road.setMenuIndex(index); });
+  m_destinations->rebuild();
+  connect(&m_parts->app, &AppDelegate::rebuildDestinationPopUp, m_destinations,
+          &DestinationPopUp::rebuild);
   connect(&m_parts->folders, &DestinationFolders::changed, m_destinations,
           &DestinationPopUp::rebuild);
   connect(m_destinations, &DestinationPopUp::addFolderWanted, this,

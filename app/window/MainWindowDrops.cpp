@@ -73,10 +73,10 @@ void MainWindow::dropEvent(QDropEvent *event) {
 }
 
 void MainWindow::paste() {
-  const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-  if (!data) return;
-  QStringList paths = pathsOf(*data);
-  if (paths.isEmpty()) paths = pathsOfText(data->text());
+  const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+  if (!copied) return;
+  QStringList paths = pathsOf(*copied);
+  if (paths.isEmpty()) paths = pathsOfText(copied->text());
   if (!paths.isEmpty()) m_parts->app.intake().openFiles(paths);
 }
 

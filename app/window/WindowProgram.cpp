@@ -5,9 +5,11 @@
 
 #include "Alerts.h"
 #include "FileRevealer.h"
+#include "Format.h"
 #include "LaunchFixups.h"
 #include "LauncherProgress.h"
 #include "Notifier.h"
+#include "Ostrak.h"
 #include "SingleInstance.h"
 #include "Text.h"
 
@@ -16,14 +18,26 @@ using ostrak::localized;
 
 namespace decant {
 
+namespace {
+
+AppServices withDestinations(AppServices services, DestinationRoad &road) {
+  services.destination = [&road](const MKVFileInfo &record, const ClaimedNames &claimed,
+                                 const DestinationAnswer &answer) {
+    road.choose(record, claimed, answer);
+  };
+  return services;
+}
+
+}  // namespace
+
 WindowProgram::WindowProgram(AppServices app, const DesktopServices &desktop, QObject *parent)
     : QObject(parent),
       m_desktop(desktop),
       m_notifier(app.jobs.notifier),
       m_revealer(app.jobs.revealer),
-      m_app(std::move(app)),
-      m_folders(desktop.sandbox),
-      m_road(m_folders, m_panels, m_app.claimedNames()) {
+      m_folders(app.jobs.sandbox),
+      m_road(m_folders, m_panels),
+      m_app(withDestinations(std::move(app), m_road)) {
   ostrak::setAlertPresenter(&m_presenter);
 }
 
@@ -36,9 +50,9 @@ WindowProgram::~WindowProgram() {
 
 bool WindowProgram::open(const QStringList &paths) {
   connect(&m_app, &AppDelegate::speedHintDue, this, &WindowProgram::showSpeedHint);
+  connect(&m_app, &AppDelegate::bookmarkCheckDue, &m_folders, &DestinationFolders::checkStored);
   m_app.applicationWillFinishLaunching();
-  m_folders.checkStored();
-  repairDestinationIndex();
+  tellAboutStore();
   m_window = MainWindow::load({m_app, m_folders, m_road, m_panels, m_binder});
   if (!m_window) return false;
   connect(m_window.get(), &MainWindow::quitWanted, this, &WindowProgram::quit);
@@ -46,6 +60,23 @@ bool WindowProgram::open(const QStringList &paths) {
   m_window->show();
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
   return true;
+}
+
+void WindowProgram::tellAboutStore() {
+  const ostrak::UserDefaults &store = ostrak::tk->userDefaults();
+  const QStringList ok{localized(u"OK"_s)};
+  if (store.isFileIgnored())
+    ostrak::postAlert(ostrak::apptitledAlert(
+        ostrak::makeString(localized(u"The settings file '%@' could not be read and is not used; "
+                                     "all settings are at their defaults."_s),
+                           store.path()),
+        ok));
+  if (!store.keptAside().isNull())
+    ostrak::postAlert(ostrak::apptitledAlert(
+        ostrak::makeString(localized(u"The settings file could not be read and is kept as '%@'; "
+                                     "all settings are back at their defaults."_s),
+                           store.keptAside()),
+        ok));
 }
 
 void WindowProgram::connectDesktop() {
@@ -74,6 +105,7 @@ void WindowProgram::showSpeedHint() {
       "Speed & Quality' in the 'Audio Conversion Settings' in the Preferences, though the "
       "resulting "
       "files may not play with sound on some devices (e.g. iOS). Just try it out!"_s);
+  hint.image = u"ok.png"_s;
   ostrak::postAlert(hint, [](int) { speedHintShown(); });
 }
 
@@ -90,11 +122,15 @@ void WindowProgram::showLauncherProgress() {
   m_desktop.launcher.show(fraction, waiting);
 }
 
-bool WindowProgram::quit() {
-  if (m_quitting || !m_app.applicationShouldTerminate()) return false;
+void WindowProgram::quitAtOnce() {
   m_quitting = true;
   m_app.applicationWillTerminate();
   QCoreApplication::quit();
+}
+
+bool WindowProgram::quit() {
+  if (m_quitting || !m_app.applicationShouldTerminate()) return false;
+  quitAtOnce();
   return true;
 }
 

@@ -13,7 +13,6 @@
 #include "WindowPanels.h"
 
 class LauncherProgress;
-class Sandbox;
 class SingleInstance;
 
 namespace decant {
@@ -23,7 +22,6 @@ namespace decant {
 struct DesktopServices {
   SingleInstance &singleInstance;
   LauncherProgress &launcher;
-  Sandbox &sandbox;
 };
 
 // The program with its window: makes the controller and the window, and connects them with the
@@ -39,6 +37,8 @@ class WindowProgram final : public QObject {
   [[nodiscard]] bool open(const QStringList &paths);
   // Asks when a conversion runs; then ends the event loop. Returns whether it does.
   bool quit();
+  // Without a question, for a signal.
+  void quitAtOnce();
 
   [[nodiscard]] AppDelegate &app() { return m_app; }
   [[nodiscard]] MainWindow *window() { return m_window.get(); }
@@ -46,6 +46,7 @@ class WindowProgram final : public QObject {
  private:
   void connectDesktop();
   void filesArrived(const QStringList &paths);
+  void tellAboutStore();
   void showSpeedHint();
   void showLauncherProgress();
 
@@ -53,10 +54,10 @@ class WindowProgram final : public QObject {
   ostrak::WindowAlertPresenter m_presenter;
   Notifier &m_notifier;
   FileRevealer &m_revealer;
-  AppDelegate m_app;
   DestinationFolders m_folders;
   WindowPanels m_panels;
   DestinationRoad m_road;
+  AppDelegate m_app;
   SettingBinder m_binder;
   std::unique_ptr<MainWindow> m_window;
   bool m_quitting = false;

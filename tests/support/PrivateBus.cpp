@@ -2,6 +2,7 @@
 
 #include <sys/prctl.h>
 
+#include <QDir>
 #include <QFile>
 #include <csignal>
 
@@ -13,6 +14,7 @@ constexpr auto configuration =
     "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
     " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
     "<busconfig><type>session</type><listen>unix:path=%1/bus</listen>\n"
+    "<servicedir>%1/services</servicedir>\n"
     "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>\n"
     "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
 
@@ -25,7 +27,7 @@ QByteArray firstLine(QProcess &process, const QString &program, const QStringLis
   return process.readLine().trimmed();
 }
 
-void end(QProcess &process) {
+void stop(QProcess &process) {
   if (process.state() == QProcess::NotRunning) return;
   process.kill();
   process.waitForFinished();
@@ -34,6 +36,7 @@ void end(QProcess &process) {
 }  // namespace
 
 PrivateBus::PrivateBus() {
+  QDir(m_folder.path()).mkdir(u"services"_s);
   QFile file(m_folder.filePath(u"bus.conf"_s));
   if (!file.open(QIODevice::WriteOnly)) return;
   file.write(QString::fromLatin1(configuration).arg(m_folder.path()).toUtf8());
@@ -44,24 +47,44 @@ PrivateBus::PrivateBus() {
 }
 
 PrivateBus::~PrivateBus() {
-  end(m_daemon);
+  end();
+}
+
+void PrivateBus::end() {
+  stop(m_daemon);
+}
+
+bool PrivateBus::makeActivatable(const QString &name, const QStringList &command) const {
+  QFile file(m_folder.filePath(u"services/%1.service"_s.arg(name)));
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  const QString text =
+      u"[D-BUS Service]\nName=%1\nExec=\"%2\"\n"_s.arg(name, command.join(u"\" \""_s));
+  return file.write(text.toUtf8()) == text.toUtf8().size();
 }
 
 MockService::MockService(const PrivateBus &bus, const QString &script,
                          const QStringList &arguments) {
   const QStringList words{script, bus.address(), m_folder.filePath(u"log"_s)};
   m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-  // The mock library belongs to the system's Python, whatever else PATH has.
-  m_ready = firstLine(m_process, u"/usr/bin/python3"_s, words + arguments) == "ready";
+  m_ready = firstLine(m_process, interpreter(), words + arguments) == "ready";
 }
 
 MockService::~MockService() {
-  end(m_process);
+  stop(m_process);
+}
+
+QString MockService::interpreter() {
+  // The mock library belongs to the system's Python, whatever else PATH has.
+  return u"/usr/bin/python3"_s;
 }
 
 QStringList MockService::log() const {
+  return logOf(m_folder.filePath(u"log"_s));
+}
+
+QStringList MockService::logOf(const QString &path) {
   QStringList lines;
-  QFile file(m_folder.filePath(u"log"_s));
+  QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return lines;
   while (!file.atEnd()) {
     const QString line = QString::fromUtf8(file.readLine()).trimmed();

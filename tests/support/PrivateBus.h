@@ -17,6 +17,10 @@ class PrivateBus final {
 
   // Empty when the bus could not be started.
   [[nodiscard]] const QString &address() const { return m_address; }
+  // From now on the bus itself starts this command when the name is asked for and nobody has it.
+  [[nodiscard]] bool makeActivatable(const QString &name, const QStringList &command) const;
+  // The bus goes away under everybody who is on it.
+  void end();
 
  private:
   QTemporaryDir m_folder;
@@ -30,6 +34,8 @@ class PrivateBus final {
 class MockService final {
  public:
   MockService(const PrivateBus &bus, const QString &script, const QStringList &arguments);
+  // What runs such a script.
+  [[nodiscard]] static QString interpreter();
   ~MockService();
   MockService(const MockService &) = delete;
   MockService &operator=(const MockService &) = delete;
@@ -37,6 +43,7 @@ class MockService final {
   [[nodiscard]] bool isReady() const { return m_ready; }
   // The lines logged so far, without their times.
   [[nodiscard]] QStringList log() const;
+  [[nodiscard]] static QStringList logOf(const QString &path);
   // Whether it has stopped itself, to keep an answer back until it is thawed.
   [[nodiscard]] bool isFrozen() const;
   void thaw() const;

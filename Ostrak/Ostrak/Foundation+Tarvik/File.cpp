@@ -13,6 +13,7 @@
 
 #include "../Ostrak.h"
 #include "Descriptor.h"
+#include "Url.h"
 
 namespace ostrak {
 using namespace Qt::StringLiterals;
@@ -94,7 +95,7 @@ QString uniqueFile(const QString &path) {
 
 QUrl uniqueFile(const QUrl &location) {
   if (!location.isLocalFile()) return {};
-  return QUrl::fromLocalFile(uniqueFile(location.toLocalFile()));
+  return fileURL(uniqueFile(location.toLocalFile()));
 }
 
 QString uniqueFile(const QString &path, const std::function<bool(const QString &)> &isTaken) {

@@ -8,6 +8,7 @@
 
 #include "Descriptor.h"
 #include "File.h"
+#include "Url.h"
 
 // The operations of File.h that list folders. All walk by bytes and descriptors, so that names that
 // are not UTF-8 are found again, and never follow a link inside the folder, so that loops end.
@@ -90,7 +91,7 @@ QList<QUrl> locations(const QString &path, const QStringList &entries) {
   QList<QUrl> urls;
   urls.reserve(entries.size());
   for (const QString &entry : entries)
-    urls.append(QUrl::fromLocalFile(joined(path, entry)));
+    urls.append(fileURL(joined(path, entry)));
   return urls;
 }
 

@@ -16,13 +16,14 @@ QUrl URL(const QString &text) {
 
 QUrl fileURL(const QString &path) {
   if (path.isEmpty()) return {};
-  if (!path.startsWith(u'/')) return fileURL(QDir::currentPath() + u'/' + path);
-  // Two leading slashes would be read as the name of a host.
-  qsizetype slashes = 1;
-  while (slashes < path.size() && path.at(slashes) == u'/') {
-    ++slashes;
-  }
-  return QUrl::fromLocalFile(path.sliced(slashes - 1));
+  if (!path.startsWith(u'/')) return fileURL(QDir(QDir::currentPath()).filePath(path));
+  if (!path.startsWith("//"_L1)) return QUrl::fromLocalFile(path);
+  // What follows two slashes would be read as the name of a host, unless an empty one goes before.
+  QUrl location;
+  location.setScheme(u"file"_s);
+  location.setHost(u""_s);
+  location.setPath(path, QUrl::DecodedMode);
+  return location;
 }
 
 QUrl resourceURL(const QString &fileName) {

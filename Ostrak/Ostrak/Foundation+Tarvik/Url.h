@@ -10,8 +10,8 @@ namespace ostrak {
 
 // The text as an address; invalid when it is not written as one (blanks, for instance).
 [[nodiscard]] QUrl URL(const QString &text);
-// The location of a file. A relative path is joined to the working folder; nothing is resolved or
-// collapsed.
+// The location of a file, the one way to make it: two slashes at the beginning of a path name no
+// host. A relative path is joined to the working folder; nothing is resolved or collapsed.
 [[nodiscard]] QUrl fileURL(const QString &path);
 
 // The file of that name in the bundle's resources; nothing when it is not there, when the name

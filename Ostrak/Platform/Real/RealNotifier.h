@@ -7,12 +7,14 @@
 
 #include "Notifier.h"
 
+class QDBusMessage;
 class QDBusPendingCallWatcher;
-class QDBusServiceWatcher;
 
-// Notifications by org.freedesktop.Notifications. Never waits: what the server can do is asked with
-// the first message, which goes out when the answer is there. A server that ends and comes back is
-// asked again. Without a bus or a server, messages are dropped with one log line. Main thread.
+// Notifications by org.freedesktop.Notifications. The bus is first touched by the first message,
+// and nothing waits for an answer: messages go out one after the other, each when the one before
+// has been answered. A server that ends and comes back is asked anew what it can do. Without a bus
+// or a server, messages are dropped with one log line. The end of the object waits, shortly, for
+// messages that are not out yet. Main thread.
 class RealNotifier final : public QObject, public Notifier {
   Q_OBJECT
 
@@ -30,24 +32,36 @@ class RealNotifier final : public QObject, public Notifier {
   void notificationClosed(uint serverId, uint reason);
 
  private:
+  struct Waiting {
+    Notification notification;
+    bool again = false;  // the server went away under the first try
+  };
   struct Shown {
     QString id;
     QString path;
   };
+  void listen();
+  void sendNext();
   void askCapabilities();
-  void send(const Notification &notification);
-  void sent(const Notification &notification, QDBusPendingCallWatcher &watcher);
-  void forgetServer();
+  void askToShow();
+  void capabilitiesAnswered(const QDBusPendingCallWatcher &watcher, int server);
+  void showAnswered(const QDBusPendingCallWatcher &watcher, int server);
+  [[nodiscard]] bool tryAgain(int server);
+  [[nodiscard]] QDBusMessage messageFor(const Notification &notification) const;
+  [[nodiscard]] uint serverIdOf(const QString &id) const;
+  void serverChanged();
   void complain(const QString &why);
+  void sendTheRest();
 
   QDBusConnection m_bus;
   QString m_appName;
   QString m_desktopEntry;
   std::function<void(const QString &path)> m_activated;
-  std::optional<QStringList> m_capabilities;  // nothing until the server has told them
-  bool m_asking = false;
+  bool m_listening = false;
   bool m_complained = false;
-  QList<Notification> m_waiting;
+  bool m_asking = false;                      // an answer to the first in the queue is on its way
+  int m_server = 0;                           // grows with each server that comes or goes
+  std::optional<QStringList> m_capabilities;  // nothing until the server has told them
+  QList<Waiting> m_queue;
   QHash<uint, Shown> m_shown;  // by the server's number
-  QDBusServiceWatcher *m_watcher = nullptr;
 };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Logging.h"
+#include "SessionBus.h"
 #include "SleepRequest.h"
 
 using namespace Qt::StringLiterals;
@@ -16,12 +17,7 @@ SleepServices SleepServices::ofProcess(const QString &name, const QString &id) {
   services.applicationName = name;
   services.applicationId = id;
   services.sandboxed = QFile::exists(u"/.flatpak-info"_s);
-  // Without an address the bus library would start a bus of its own.
-  services.sessionBus = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-  const QString userBus = qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s;
-  if (services.sessionBus.isEmpty() && QFile::exists(userBus)) {
-    services.sessionBus = u"unix:path="_s + userBus;
-  }
+  services.sessionBus = ostrak::sessionBusAddressOfProcess();
   services.systemBus = qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS",
                                             u"unix:path=/var/run/dbus/system_bus_socket"_s);
   return services;

@@ -14,12 +14,12 @@ class TestNamedImage final : public QObject {
 
  private Q_SLOTS:
   void initTestCase() {
-    QDir(m_program.library().resDir()).mkpath(u"icons"_s);
+    QDir(m_program.library().resDir()).mkpath(u"images"_s);
     putPicture(u"plain.png"_s, 3);
-    putPicture(u"icons/tool.png"_s, 5);
+    putPicture(u"images/tool.png"_s, 5);
     putPicture(u"both.png"_s, 7);
     put(u"both.svg"_s, drawing(9));
-    put(u"icons/drawn.svg"_s, drawing(11));
+    put(u"images/drawn.svg"_s, drawing(11));
     put(u"broken.png"_s, "no picture");
     put(u"half.svg"_s, "no drawing");
     putPicture(u"half.png"_s, 13);
@@ -35,7 +35,7 @@ class TestNamedImage final : public QObject {
     QTest::newRow("with extension") << u"plain.png"_s << 3;
     QTest::newRow("without extension") << u"plain"_s << 3;
     QTest::newRow("among the icons") << u"tool"_s << 5;
-    QTest::newRow("folder named") << u"icons/tool.png"_s << 5;
+    QTest::newRow("folder named") << u"images/tool.png"_s << 5;
     QTest::newRow("drawing first") << u"both"_s << 9;
     QTest::newRow("picture named") << u"both.png"_s << 7;
     QTest::newRow("drawing among the icons") << u"drawn"_s << 11;
@@ -53,7 +53,7 @@ class TestNamedImage final : public QObject {
     QTest::newRow("absent") << u"none"_s;
     QTest::newRow("percent") << u"100%@"_s;
     QTest::newRow("empty") << u""_s;
-    QTest::newRow("folder") << u"icons"_s;
+    QTest::newRow("folder") << u"images"_s;
     QTest::newRow("no picture") << u"broken"_s;
     QTest::newRow("outside") << u"../resources/plain.png"_s;
     QTest::newRow("absolute") << QString(m_program.library().resDir() + u"/plain.png"_s);

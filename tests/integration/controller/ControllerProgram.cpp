@@ -57,8 +57,8 @@ ControllerProgram::~ControllerProgram() {
 }
 
 JobServices ControllerProgram::jobServices() {
-  return {sleepInhibitor, notifier, revealer,           program.opener(),    program.keyboard(),
-          volumes,        clock,    program.toolPath(), ostrak::tk->docDir()};
+  return {sleepInhibitor, notifier, revealer, program.opener(),   program.keyboard(),
+          volumes,        clock,    sandbox,  program.toolPath(), ostrak::tk->docDir()};
 }
 
 QString ControllerProgram::movie(const QString &name) const {

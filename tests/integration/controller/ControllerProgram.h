@@ -8,6 +8,7 @@
 #include "FileRevealer.h"
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
+#include "Sandbox.h"
 #include "Scenario.h"
 #include "ScratchProgram.h"
 #include "SleepInhibitor.h"
@@ -57,6 +58,7 @@ class ControllerProgram final {
   RecordingFileRevealer revealer;
   FakeVolumes volumes;
   SystemClock clock;
+  FakeSandbox sandbox;
   RecordingTrashCan trashCan;
   int quits = 0;
   std::unique_ptr<decant::AppDelegate> controller;

@@ -77,7 +77,8 @@ void TestDrain::addToQueueNeedsARecord() {
 
 void TestDrain::addToQueueNeedsAFolderThatMayBeUsed() {
   AppServices services = m_p->services();
-  services.openedFolders.clear();
+  services.destination = [](const MKVFileInfo &, const ClaimedNames &,
+                            const DestinationAnswer &answer) { answer({}); };
   m_p->restart(services);
   m_p->intake().openFiles({m_p->movie(u"a.mkv"_s)});
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
@@ -102,9 +103,7 @@ void TestDrain::chosenTrackAndSubtitleGoIntoTheJob() {
 void TestDrain::chosenFolderIsUsed() {
   AppServices services = m_p->services();
   QVERIFY(QDir().mkpath(m_p->path(u"out"_s)));
-  services.destination = [this] {
-    return DestinationChoice{DestinationChoice::Kind::Folder, m_p->path(u"out"_s)};
-  };
+  services.destination = fixedDestination({DestinationChoice::Kind::Folder, m_p->path(u"out"_s)});
   m_p->restart(services);
   ostrak::setDefaultInt(u"AutoAdd"_s, 1);
   ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
@@ -153,8 +152,9 @@ void TestDrain::addingTwiceLosesNoFile() {
   QFETCH(const bool, secondIsAdmitted);
   AppServices services = m_p->services();
   QString folder = m_p->path(u"nowhere"_s);
-  services.destination = [&folder] {
-    return DestinationChoice{DestinationChoice::Kind::Folder, folder};
+  services.destination = [&folder](const MKVFileInfo &record, const ClaimedNames &claimed,
+                                   const DestinationAnswer &answer) {
+    fixedDestination({DestinationChoice::Kind::Folder, folder})(record, claimed, answer);
   };
   m_p->restart(services);
   m_p->intake().openFiles({m_p->movie(u"a.mkv"_s), m_p->movie(u"b.mkv"_s)});

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -15,9 +16,16 @@ constexpr int patience = 30'000;
 
 JobBench::JobBench()
     : scenario(program.path(u"bundle/resources/ffmpeg.scenario"_s)),
-      services{inhibitor, notifier,           revealer,
-               opener,    keyboard,           volumes,
-               clock,     program.toolPath(), program.library().docDir()} {
+      services{inhibitor,
+               notifier,
+               revealer,
+               opener,
+               keyboard,
+               volumes,
+               clock,
+               sandbox,
+               program.toolPath(),
+               program.library().docDir()} {
   services.progressInterval = std::chrono::milliseconds(10);
   // Calls are written down only where there is a scenario.
   if (!scenario.write()) qFatal("the scenario cannot be written");
@@ -64,6 +72,17 @@ bool JobBench::waitForEnd(const ConversionJob &job) {
 bool JobBench::waitFor(const QString &announcement) const {
   return QTest::qWaitFor([this, &announcement] { return scenario.announced(announcement); },
                          patience);
+}
+
+// A timer of the same interval in the same event loop: when it has fired three times, the job's has
+// fired in between.
+bool JobBench::waitForLooksAtProgress() const {
+  QTimer timer;
+  timer.setTimerType(Qt::PreciseTimer);
+  int looks = 0;
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&looks] { ++looks; });
+  timer.start(services.progressInterval);
+  return QTest::qWaitFor([&looks] { return looks >= 3; }, patience);
 }
 
 bool JobBench::anyChildAlive() const {

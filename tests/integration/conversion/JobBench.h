@@ -10,6 +10,7 @@
 #include "FileRevealer.h"
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
+#include "Sandbox.h"
 #include "Scenario.h"
 #include "ScratchProgram.h"
 #include "SleepInhibitor.h"
@@ -32,6 +33,8 @@ class JobBench final {
 
   // Waits until the job has ended, within half a minute.
   [[nodiscard]] static bool waitForEnd(const decant::ConversionJob &job);
+  // Waits until what the tool has written to the progress file by now has been read.
+  [[nodiscard]] bool waitForLooksAtProgress() const;
   // Waits until the scripted tool has come to this announcement.
   [[nodiscard]] bool waitFor(const QString &announcement) const;
   // Process ids of all children that the tool's calls told of; and whether one is still there.
@@ -54,6 +57,7 @@ class JobBench final {
   FakeKeyboardModifiers keyboard;
   FakeVolumes volumes;
   FakeClock clock;
+  FakeSandbox sandbox;
   FakeController controller;
   decant::JobServices services;
   std::vector<std::unique_ptr<decant::ConversionJob>> jobs;

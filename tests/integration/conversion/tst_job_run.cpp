@@ -112,6 +112,8 @@ class TestJobRun final : public QObject {
     if (percent > 0) {
       QTRY_COMPARE_WITH_TIMEOUT(job.progress(), percent, 30'000);
       QVERIFY(job.stateInfoString().contains(u"ETA: "_s));
+    } else {
+      QVERIFY(bench.waitForLooksAtProgress());
     }
     QVERIFY(bench.scenario.release(u"next"_s));
     // Where there is a running time, a second part shows that the first one was read.

@@ -41,8 +41,9 @@ class TestUrl final : public QObject {
     QTest::newRow("plain") << u"/a/b.mkv"_s << u"/a/b.mkv"_s;
     QTest::newRow("signs") << u"/a b/%n#?\"'\n;ä😀.mkv"_s << u"/a b/%n#?\"'\n;ä😀.mkv"_s;
     QTest::newRow("encoded stays") << u"/100%25"_s << u"/100%25"_s;
-    QTest::newRow("no host") << u"//a/b"_s << u"/a/b"_s;
-    QTest::newRow("root") << u"///"_s << u"/"_s;
+    QTest::newRow("no host") << u"//Host/b"_s << u"//Host/b"_s;
+    QTest::newRow("root") << u"///"_s << u"///"_s;
+    QTest::newRow("no host, signs") << u"//a b/%25#?ä"_s << u"//a b/%25#?ä"_s;
     QTest::newRow("nothing collapsed") << u"/a/../b/./c"_s << u"/a/../b/./c"_s;
     QTest::newRow("relative") << u"a.mkv"_s << QString(QDir::currentPath() + u"/a.mkv"_s);
     QTest::newRow("like a protocol")
@@ -52,7 +53,9 @@ class TestUrl final : public QObject {
     QFETCH(QString, path);
     const QUrl location = fileURL(path);
     QVERIFY(location.isLocalFile());
+    QVERIFY(location.host().isEmpty());
     QTEST(location.toLocalFile(), "expected");
+    QTEST(QUrl::fromEncoded(location.toEncoded()).toLocalFile(), "expected");
   }
 
   void locatesNothing() { QVERIFY(!fileURL(u""_s).isValid()); }

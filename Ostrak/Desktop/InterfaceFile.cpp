@@ -49,7 +49,7 @@ class NoLibraryPaths {
 }  // namespace
 
 QWidget *loadInterface(const QString &name, QWidget *parent, const WidgetMaker &custom) {
-  QFile file(tk->resDir() + u'/' + name + u".ui"_s);
+  QFile file(tk->resDir() + u"/ui/"_s + name + u".ui"_s);
   if (!file.open(QIODevice::ReadOnly)) {
     tk_log_level(3, u"Error: the interface file %@ cannot be read"_s, file.fileName());
     return nullptr;

@@ -14,7 +14,10 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "NamedImage.h"
+#include "Ostrak.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -65,10 +68,19 @@ QLabel *label(const QString &text, const QString &name, QWidget *parent) {
   return made;
 }
 
+// The program may be in the background when something has to be told.
+QWidget *firstWindow() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto found = std::ranges::find_if(windows, [](const QWidget *window) {
+    return window->isVisible() && window->isWindow() && !window->parentWidget();
+  });
+  return found == windows.end() ? nullptr : *found;
+}
+
 }  // namespace
 
 AlertDialog::AlertDialog(Alert &alert, QWidget *parent) : QDialog(parent), m_alert(alert) {
-  setWindowTitle(QApplication::applicationDisplayName());
+  setWindowTitle(tk ? tk->appName() : QString());
   setObjectName(u"alert"_s);
   setAccessibleName(alert.title);
   setAccessibleDescription(alert.message);
@@ -77,7 +89,11 @@ AlertDialog::AlertDialog(Alert &alert, QWidget *parent) : QDialog(parent), m_ale
   row->setContentsMargins(20, 20, 20, 16);
   auto *icon = new QLabel(this);
   const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(size));
+  const QIcon usual = style()->standardIcon(alert.problemReport ? QStyle::SP_MessageBoxWarning
+                                                                : QStyle::SP_MessageBoxInformation);
+  const QIcon own =
+      alert.image.isNull() ? usual : QIcon(QPixmap::fromImage(namedImage(alert.image)));
+  icon->setPixmap(own.pixmap(QSize(size, size), devicePixelRatioF()));
   icon->setAccessibleName(localized(u"Information"_s));
   row->addWidget(icon, 0, Qt::AlignTop);
   auto *column = new QVBoxLayout;
@@ -214,7 +230,10 @@ QString AlertDialog::shortened(const QString &title) {
 }
 
 int WindowAlertPresenter::present(Alert &alert) {
-  AlertDialog dialog(alert, QApplication::activeWindow());
+  QWidget *above = QApplication::activeModalWidget();
+  if (!above) above = QApplication::activeWindow();
+  if (!above) above = firstWindow();
+  AlertDialog dialog(alert, above);
   return dialog.run();
 }
 

@@ -1,0 +1,143 @@
+#include "DestinationRoad.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "Alerts.h"
+#include "DestinationFolders.h"
+#include "DestinationMenu.h"
+#include "Destinations.h"
+#include "Ostrak.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+using ostrak::localized;
+
+namespace {
+
+void tell(const QString &message, const QString &button, const QString &subject = {}) {
+  ostrak::Alert alert = ostrak::apptitledAlert(message, {button});
+  alert.subject = subject;
+  ostrak::postAlert(std::move(alert));
+}
+
+}  // namespace
+
+DestinationRoad::DestinationRoad(DestinationFolders &folders, Panels &panels, QObject *parent)
+    : QObject(parent), m_folders(folders), m_panels(panels) {}
+
+DestinationRoad::~DestinationRoad() = default;
+
+void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &claimed,
+                             const DestinationAnswer &answer) {
+  const Request request{record, claimed, answer};
+  switch (destinationMenu(m_folders.names()).value(m_menuIndex).kind) {
+    case DestinationMenuItem::Kind::AskEachTime:
+      askEachTime(request);
+      break;
+    case DestinationMenuItem::Kind::NextToSource:
+      nextToSource(request);
+      break;
+    case DestinationMenuItem::Kind::Folder:
+      intoFolder(request, *folderAtMenuIndex(m_menuIndex, m_folders.names().size()));
+      break;
+    case DestinationMenuItem::Kind::Separator:
+    case DestinationMenuItem::Kind::AddFolder:
+      answer({});
+      break;
+  }
+}
+
+void DestinationRoad::askEachTime(const Request &request) {
+  const QString source = request.record.fileURL.toLocalFile();
+  const QString extension = outputExtension();
+  m_panels.askForTarget(QFileInfo(source).absolutePath(), outputName(request.record, extension),
+                        extension, [this, request](const std::optional<QString> &path) {
+                          if (path)
+                            targetChosen(request, *path);
+                          else
+                            request.answer({});
+                        });
+}
+
+void DestinationRoad::targetChosen(const Request &request, const QString &path) {
+  const QString source = request.record.fileURL.toLocalFile();
+  const QString subtitle = request.record.subtitleFileURL.toLocalFile();
+  if (path == source || ostrak::isSameFile(path, source) || ostrak::isSameFile(path, subtitle) ||
+      request.claimed.isSource(path)) {
+    tell(
+        localized(
+            u"You've tried to overwrite the source file with the target file. Thats the worst idea ever."_s),
+        localized(u"D'oh"_s), source);
+    request.answer({});
+    return;
+  }
+  // What another job is writing, or has written, is not this one's to replace.
+  if (!request.claimed.isClaimed(path)) QFile::remove(path);
+  request.answer(Destination{QUrl::fromLocalFile(path), {}, true});
+}
+
+void DestinationRoad::nextToSource(const Request &request) {
+  if (intoOpenedFolder(request)) return;
+  const ostrak::Alert question = ostrak::apptitledAlert(
+      localized(
+          u"You've chosen the 'Next to' default destination for converted MP4 files. Since Apple's SandBox limits access to your files you have to open the folder that contains all MKV files that you want to convert"_s),
+      {localized(u"OK"_s)});
+  ostrak::postAlert(question, [this, request](int) { openFolderFor(request); });
+}
+
+bool DestinationRoad::intoOpenedFolder(const Request &request) {
+  const QString target = pathNextToSource(request.record, outputExtension());
+  const auto folder = m_folders.openFor(target);
+  if (!folder) return false;
+  const QUrl security = folder->securityScoped ? QUrl::fromLocalFile(folder->path) : QUrl();
+  request.answer(
+      Destination{QUrl::fromLocalFile(request.claimed.uniqueName(target)), security, false});
+  return true;
+}
+
+void DestinationRoad::openFolderFor(const Request &request) {
+  m_panels.askForFolder(
+      Panels::Over::MainWindow, [this, request](const std::optional<QString> &folder) {
+        if (!folder) {
+          request.answer({});
+          return;
+        }
+        m_folders.open(*folder);
+        if (intoOpenedFolder(request)) return;
+        tell(localized(u"You did not seem to select a folder that contains your MKV."_s),
+             localized(u"Cancel"_s), request.record.fileURL.toLocalFile());
+        request.answer({});
+      });
+}
+
+void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
+  const QString path = m_folders.use(folder);
+  const QString target = QDir(path).filePath(outputName(request.record, outputExtension()));
+  request.answer(Destination{QUrl::fromLocalFile(request.claimed.uniqueName(target)),
+                             QUrl::fromLocalFile(path), false});
+}
+
+void DestinationRoad::chooseNewDestination(Panels::Over over) {
+  m_panels.askForFolder(over, [this, over](const std::optional<QString> &folder) {
+    if (!folder) return;
+    switch (m_folders.add(*folder)) {
+      case DestinationFolders::Addition::added:
+        Q_EMIT folderAdded(over);
+        break;
+      case DestinationFolders::Addition::alreadyThere:
+        tell(localized(u"This destination is already bookmarked. You can not add it again."_s),
+             localized(u"D'oh"_s));
+        Q_EMIT duplicateRefused();
+        break;
+      case DestinationFolders::Addition::failed:
+        break;
+    }
+  });
+}
+
+}  // namespace decant

@@ -1,0 +1,80 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "Text.h"
+#include "Translations.h"
+
+using namespace Qt::StringLiterals;
+using ostrak::localized;
+using ostrak::Translations;
+
+namespace {
+
+const QString catalogues = QStringLiteral(DECANT_BUNDLE_DIR "/resources/translations");
+
+QString toolkitsCancel() {
+  return QCoreApplication::translate("QPlatformTheme", "Cancel");
+}
+
+}  // namespace
+
+class TestTranslations final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
+
+  void takesTheFirstLanguageThereIs_data() {
+    QTest::addColumn<QStringList>("languages");
+    QTest::addColumn<QString>("language");
+    QTest::newRow("German first") << QStringList{u"de"_s, u"en"_s} << u"de"_s;
+    QTest::newRow("English first") << QStringList{u"en"_s, u"de"_s} << u"en"_s;
+    QTest::newRow("one without a catalogue first") << QStringList{u"xx"_s, u"de"_s} << u"de"_s;
+    QTest::newRow("one without a catalogue, then English")
+        << QStringList{u"xx"_s, u"en"_s, u"de"_s} << u"en"_s;
+    QTest::newRow("no catalogue at all") << QStringList{u"xx"_s, u"yy"_s} << u"en"_s;
+    QTest::newRow("no language") << QStringList() << u"en"_s;
+    QTest::newRow("an empty one") << QStringList{u""_s, u"de"_s} << u"de"_s;
+    QTest::newRow("a region of one") << QStringList{u"de_AT"_s} << u"en"_s;
+    QTest::newRow("a path") << QStringList{u"x/../decant_de"_s} << u"en"_s;
+  }
+
+  void takesTheFirstLanguageThereIs() {
+    QFETCH(const QStringList, languages);
+    QFETCH(const QString, language);
+    const bool german = language == u"de"_s;
+    {
+      const Translations translations(catalogues, languages);
+      QCOMPARE(translations.language(), language);
+      QCOMPARE(localized(u"Finished"_s), german ? u"Fertig"_s : u"Finished"_s);
+      QCOMPARE(toolkitsCancel(), german ? u"Abbrechen"_s : u"Cancel"_s);
+    }
+    QCOMPARE(localized(u"Finished"_s), u"Finished"_s);
+    QCOMPARE(toolkitsCancel(), u"Cancel"_s);
+  }
+
+  // Texts with several lines, arguments and letters beyond ASCII are found, too.
+  void translatesAllKindsOfTexts() {
+    const Translations translations(catalogues, {u"de"_s});
+    QCOMPARE(localized(u"%@ Conversion Failed"_s), u"%@: Umwandlung fehlgeschlagen"_s);
+    QCOMPARE(localized(u"%@  …\n(Remaining message omitted)"_s),
+             u"%@  …\n(Rest der Meldung weggelassen)"_s);
+    QCOMPARE(localized(u"no text of the program"_s), u"no text of the program"_s);
+  }
+
+  void passesOverADamagedCatalogue() {
+    const QTemporaryDir folder;
+    QFile damaged(folder.filePath(u"decant_xx.qm"_s));
+    QVERIFY(damaged.open(QFile::WriteOnly));
+    QVERIFY(damaged.write("no catalogue") > 0);
+    damaged.close();
+    QVERIFY(QFile::copy(catalogues + u"/decant_de.qm"_s, folder.filePath(u"decant_de.qm"_s)));
+    const Translations translations(folder.path(), {u"xx"_s, u"de"_s});
+    QCOMPARE(translations.language(), u"de"_s);
+  }
+};
+
+QTEST_GUILESS_MAIN(TestTranslations)
+#include "tst_translations.moc"
