@@ -10,6 +10,7 @@
 #include "Destinations.h"
 #include "Ostrak.h"
 #include "Text.h"
+#include "Url.h"
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +79,7 @@ void DestinationRoad::targetChosen(const Request &request, const QString &path) 
   }
   // What another job is writing, or has written, is not this one's to replace.
   if (!request.claimed.isClaimed(path)) QFile::remove(path);
-  request.answer(Destination{QUrl::fromLocalFile(path), {}, true});
+  request.answer(Destination{ostrak::fileURL(path), {}, true});
 }
 
 void DestinationRoad::nextToSource(const Request &request) {
@@ -94,9 +95,8 @@ bool DestinationRoad::intoOpenedFolder(const Request &request) {
   const QString target = pathNextToSource(request.record, outputExtension());
   const auto folder = m_folders.openFor(target);
   if (!folder) return false;
-  const QUrl security = folder->securityScoped ? QUrl::fromLocalFile(folder->path) : QUrl();
-  request.answer(
-      Destination{QUrl::fromLocalFile(request.claimed.uniqueName(target)), security, false});
+  const QUrl security = folder->securityScoped ? ostrak::fileURL(folder->path) : QUrl();
+  request.answer(Destination{ostrak::fileURL(request.claimed.uniqueName(target)), security, false});
   return true;
 }
 
@@ -118,8 +118,8 @@ void DestinationRoad::openFolderFor(const Request &request) {
 void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
   const QString path = m_folders.use(folder);
   const QString target = QDir(path).filePath(outputName(request.record, outputExtension()));
-  request.answer(Destination{QUrl::fromLocalFile(request.claimed.uniqueName(target)),
-                             QUrl::fromLocalFile(path), false});
+  request.answer(Destination{ostrak::fileURL(request.claimed.uniqueName(target)),
+                             ostrak::fileURL(path), false});
 }
 
 void DestinationRoad::chooseNewDestination(Panels::Over over) {

@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QMutex>
 #include <QPointer>
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cmath>
 #include <cstring>
 
@@ -91,16 +93,54 @@ class Ticket final {
   std::shared_ptr<QSemaphore> m_finished;
 };
 
+}  // namespace
+
+// What a disposal and the worker on one of its requests know of each other. A worker may be held up
+// for ever, by a file system that does not answer for instance, and no thread can be ended from
+// outside. So the disposal does not wait for a check: it leaves, and from then on the worker
+// touches neither the source nor anything that may be gone. Only while a source is moved must the
+// Trash stay where it is; that is a moment's work on a file system that has just answered.
+class SourceDisposal::Work final {
+ public:
+  [[nodiscard]] bool isLeft() const {
+    const QMutexLocker locker(&m_mutex);
+    return m_left;
+  }
+  // Worker: whether the source may be moved now.
+  [[nodiscard]] bool beginMove() {
+    const QMutexLocker locker(&m_mutex);
+    m_moving = !m_left;
+    return m_moving;
+  }
+  // Disposal: leaves. False while a source is being moved.
+  [[nodiscard]] bool leave() {
+    const QMutexLocker locker(&m_mutex);
+    m_left = true;
+    return !m_moving;
+  }
+
+ private:
+  mutable QMutex m_mutex;
+  bool m_left = false;
+  bool m_moving = false;
+};
+
 // Null when the source has gone. Worker.
-QString checkAndDispose(const DisposalRequest &request, TrashCan &trashCan) {
-  const QString whyKept = whyKeepSource(request);
+QString SourceDisposal::checkAndDispose(const DisposalRequest &request, TrashCan &trashCan,
+                                        Work &work) {
+  const auto duration = [&work](const QUrl &file) {
+    return work.isLeft() ? qint32{-1} : durationOfFile(file);
+  };
+  const QString whyKept = whyKeepSource(request, duration);
+  if (work.isLeft()) return whyKept;
   if (!whyKept.isNull()) {
     ostrak::tk_log_level(4, u"Warning: the source %@ stays: %@"_s, request.source, whyKept);
     return whyKept;
   }
+  if (!work.beginMove()) return u"the program ends"_s;
   const QString failure =
       request.deleteOutright ? deleteFile(request.source) : trashCan.moveToTrash(request.source);
-  if (failure.isNull()) return {};
+  if (failure.isNull() || work.isLeft()) return failure;
   ostrak::tk_log_level(3, u"Error: the source %@ stays, it could not be disposed of: %@"_s,
                        request.source, failure);
   const QString text =
@@ -113,8 +153,6 @@ QString checkAndDispose(const DisposalRequest &request, TrashCan &trashCan) {
   ostrak::postAlert(alert);
   return failure;
 }
-
-}  // namespace
 
 bool isAsLong(std::optional<int> source, int output) {
   if (!source) return false;
@@ -145,7 +183,10 @@ SourceDisposal::SourceDisposal(TrashCan &trashCan, QObject *parent)
     : QObject(parent), m_trashCan(trashCan), m_finished(std::make_shared<QSemaphore>()) {}
 
 SourceDisposal::~SourceDisposal() {
-  if (m_running) m_finished->acquire();
+  constexpr std::chrono::seconds patience{2};
+  if (!m_running || m_work->leave()) return;
+  // A move that takes longer has the program end under it, like any other worker.
+  (void)m_finished->tryAcquire(1, static_cast<int>(std::chrono::milliseconds(patience).count()));
 }
 
 void SourceDisposal::dispose(const DisposalRequest &request) {
@@ -156,10 +197,11 @@ void SourceDisposal::dispose(const DisposalRequest &request) {
 void SourceDisposal::next() {
   const DisposalRequest request = m_waiting.takeFirst();
   m_running = true;
-  ostrak::dispatch_async_back([request, &trashCan = m_trashCan,
+  m_work = std::make_shared<Work>();
+  ostrak::dispatch_async_back([request, &trashCan = m_trashCan, work = m_work,
                                ticket = std::make_shared<Ticket>(m_finished),
                                disposal = QPointer<SourceDisposal>(this)] {
-    const QString whyKept = checkAndDispose(request, trashCan);
+    const QString whyKept = checkAndDispose(request, trashCan, *work);
     ostrak::dispatch_async_main([disposal, source = request.source, whyKept] {
       if (disposal) disposal->done(source, whyKept);
     });

@@ -35,8 +35,8 @@ class SourceDisposal final : public QObject {
   Q_OBJECT
 
  public:
-  // `trashCan` must live until this object is gone, whose end waits for the check that is under
-  // way.
+  // `trashCan` must live until this object is gone. Its end leaves a check that is under way, and
+  // the source with it, and waits only for a move, at most two seconds.
   explicit SourceDisposal(TrashCan &trashCan, QObject *parent = nullptr);
   ~SourceDisposal() override;
 
@@ -49,12 +49,15 @@ class SourceDisposal final : public QObject {
   void idle();
 
  private:
+  class Work;
+  static QString checkAndDispose(const DisposalRequest &request, TrashCan &trashCan, Work &work);
   void next();
   void done(const QString &source, const QString &whyKept);
 
   TrashCan &m_trashCan;
   QList<DisposalRequest> m_waiting;
   std::shared_ptr<QSemaphore> m_finished;
+  std::shared_ptr<Work> m_work;  // on the request that runs
   bool m_running = false;
 };
 
