@@ -65,7 +65,7 @@ std::optional<FileRefusal> refusalOf(const QString &path) {
 }
 
 struct ToolRun {
-  bool started = false;
+  bool started = false;  // and it was the tool
   bool stopped = false;  // at the deadline
   bool processRefused = false;
   QString report;
@@ -76,7 +76,9 @@ ToolRun runTool(const QString &path, milliseconds deadline = forEver) {
   const ostrak::ChildSetup setup{toolPath(), {u"-i"_s, path}, toolVariablesToRemove()};
   QByteArray output;
   const ostrak::ChildResult result = ostrak::runChild(setup, output, deadline);
-  const bool started = result.end != End::FailedToStart;
+  // The tool that is meant tells at least its own name, whatever the file is.
+  const bool isAnother = result.end == End::Exited && output.trimmed().isEmpty();
+  const bool started = result.end != End::FailedToStart && !isAnother;
   // A tag can hold bytes that are no UTF-8: each becomes a replacement character.
   return {started, result.end == End::Stopped, result.processRefused, QString::fromUtf8(output)};
 }

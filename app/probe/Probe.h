@@ -18,9 +18,10 @@ namespace decant {
 [[nodiscard]] QStringList toolVariablesToRemove();
 
 // What came of one probe. A source that is no readable regular file is refused without running the
-// tool. A tool that could not be started gives no record and one alert that names it and what to
-// do; one that the system refused to make a process for gives `processRefused` and the alert that
-// ends the program. Raises nothing itself. Throws ostrak::RangeError for a malformed report.
+// tool. A tool that could not be started, or that says nothing at all, gives no record and one
+// alert that names it and what to do; one that the system refused to make a process for gives
+// `processRefused` and the alert that ends the program. Raises nothing itself. Throws
+// ostrak::RangeError for a malformed report.
 struct ProbeRun {
   ProbeOutcome outcome;
   bool toolMissing = false;

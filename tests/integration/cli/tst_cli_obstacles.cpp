@@ -13,6 +13,7 @@ class TestCliObstacles final : public QObject {
   void notWritable();
   void readOnlyFolder();
   void toolMissing();
+  void anotherProgramIsNotBlamedOnTheMovie();
   void toolGoesBetweenProbeAndConversion();
   void sourceGoesBetweenProbeAndConversion();
   void noProcessCanBeMade_data();
@@ -92,6 +93,18 @@ void TestCliObstacles::toolMissing() {
   QCOMPARE(outcome.story(),
            (QStringList{u"failed toolMissing"_s, u"failed toolMissing"_s, u"summary 0 2"_s}));
   QVERIFY(outcome.events(u"failed"_s).first().value("text"_L1).toString().contains(program.tool()));
+}
+
+void TestCliObstacles::anotherProgramIsNotBlamedOnTheMovie() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.setTool(u"/bin/true"_s);
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.story(), (QStringList{u"failed toolMissing"_s, u"summary 0 1"_s}));
+  const QString text = outcome.events(u"failed"_s).first().value("text"_L1).toString();
+  QVERIFY(text.contains(program.tool()));
+  QVERIFY(!text.contains(u"valid MKV"_s));
 }
 
 void TestCliObstacles::toolGoesBetweenProbeAndConversion() {

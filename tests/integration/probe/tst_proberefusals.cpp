@@ -29,8 +29,6 @@ class TestProbeRefusals final : public QObject {
   void notAMovie_data();
   void notAMovie();
   void linksAreFollowed();
-  void brokenTool_data();
-  void brokenTool();
   void exitStatusIsIgnored();
   void argumentsAreExactlyTwo();
   void malformedReportThrows();
@@ -38,7 +36,6 @@ class TestProbeRefusals final : public QObject {
   void initWithURLGivesTheRecord();
   void silencedAlertsAreListedButNotShown();
   void heAacSettingIsRead();
-  void durationOfAToolThatHangs();
   void refusedProcessExits();
   void quittingEndsTheEventLoop();
 
@@ -164,37 +161,6 @@ void TestProbeRefusals::linksAreFollowed() {
   QVERIFY(run.outcome.record->fileSize > 1000);
 }
 
-void TestProbeRefusals::brokenTool_data() {
-  QTest::addColumn<QString>("tool");
-  const QString empty = samples::write(u"ffmpeg"_s, "");
-  const QString plain = samples::write(u"ffmpeg"_s, "#!/bin/sh\n");
-  const QString noInterpreter = samples::write(u"ffmpeg"_s, "#!/nowhere/shell\n");
-  const QString noProgram = samples::write(u"ffmpeg"_s, "not a program");
-  for (const QString &path : {empty, noInterpreter, noProgram}) {
-    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-  }
-  QTest::newRow("none") << QString();
-  QTest::newRow("link to nowhere") << u"/nowhere/ffmpeg"_s;
-  QTest::newRow("folder") << samples::newFolder();
-  QTest::newRow("not executable") << plain;
-  QTest::newRow("of 0 bytes") << empty;
-  QTest::newRow("interpreter missing") << noInterpreter;
-  QTest::newRow("no program") << noProgram;
-}
-
-void TestProbeRefusals::brokenTool() {
-  QFETCH(QString, tool);
-  const QString movie = samples::make({});
-  m_program->setTool(tool);
-  const ProbeRun run = probed(movie);
-  QVERIFY(run.toolMissing);
-  QVERIFY(!run.processRefused && !run.outcome.record);
-  QCOMPARE(
-      messageOf(run),
-      QString(u"The file 'movie.mkv' can't be read because the tool '"_s + m_program->toolPath() +
-              u"' is missing or cannot be run. Please install ffmpeg, or install Decant again."_s));
-}
-
 void TestProbeRefusals::exitStatusIsIgnored() {
   for (const int status : {0, 1, 255}) {
     playReport(goodReport, status);
@@ -265,19 +231,6 @@ void TestProbeRefusals::heAacSettingIsRead() {
   const auto record = initOnWorker(samples::write(u"a.mkv"_s, "x"));
   QCOMPARE(record->audioTrackInformation.first().text, u"#1: eng (he-aac)"_s);
   QTRY_COMPARE(m_program->presenter().presented.size(), 2);
-}
-
-void TestProbeRefusals::durationOfAToolThatHangs() {
-  m_program->setTool(QStringLiteral(FAKEFFMPEG_PATH));
-  Scenario scenario(m_program->toolPath() + u".scenario"_s);
-  scenario.probe(u"slow.mkv"_s).printError(goodReport).hang();
-  scenario.probe().printError(goodReport);
-  QVERIFY(scenario.write());
-  const auto durationOf = [](const QString &name, std::chrono::milliseconds patience) {
-    return decant::durationWithin(QUrl::fromLocalFile(samples::write(name, "x")), patience);
-  };
-  QCOMPARE(durationOf(u"quick.mkv"_s, std::chrono::seconds(60)), 60);
-  QCOMPARE(durationOf(u"slow.mkv"_s, std::chrono::milliseconds(500)), -1);
 }
 
 void TestProbeRefusals::refusedProcessExits() {
