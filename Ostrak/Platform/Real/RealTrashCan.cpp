@@ -110,9 +110,10 @@ int writeInfo(const QByteArray &infoPath, const QByteArray &text) {
   const Descriptor file(
       ::open(infoPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
   if (!file) return errno;
-  if (::write(file.get(), text.constData(), static_cast<size_t>(text.size())) == text.size())
-    return 0;
-  const int error = errno ? errno : ENOSPC;
+  const ssize_t written = ::write(file.get(), text.constData(), static_cast<size_t>(text.size()));
+  if (written == text.size()) return 0;
+  // A disk that takes a part of it is full.
+  const int error = written < 0 ? errno : ENOSPC;
   ::unlink(infoPath.constData());
   return error;
 }

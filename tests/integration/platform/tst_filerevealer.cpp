@@ -13,6 +13,7 @@ class TestFileRevealer final : public QObject {
 
  private Q_SLOTS:
   void init();
+  void cleanup();
   void namesAreEncoded_data();
   void namesAreEncoded();
   void aFolderIsRevealedToo();
@@ -31,7 +32,7 @@ class TestFileRevealer final : public QObject {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) ? path : QString();
   }
-  [[nodiscard]] QString folderUri() const { return u"file://"_s + m_bench->path({}).chopped(1); }
+  [[nodiscard]] QString folderUri() const { return u"file://"_s + m_bench->path({}); }
   [[nodiscard]] QList<QUrl> folder() const { return {QUrl(folderUri())}; }
 
   std::unique_ptr<DesktopBench> m_bench;
@@ -40,6 +41,10 @@ class TestFileRevealer final : public QObject {
 void TestFileRevealer::init() {
   QTest::failOnWarning(QRegularExpression(u".*"_s));
   m_bench = std::make_unique<DesktopBench>();
+}
+
+void TestFileRevealer::cleanup() {
+  m_bench.reset();
 }
 
 void TestFileRevealer::namesAreEncoded_data() {

@@ -11,6 +11,7 @@ class TestLauncherProgress final : public QObject {
 
  private Q_SLOTS:
   void init();
+  void cleanup();
   void whatIsShown_data();
   void whatIsShown();
   void onlyWhatIsSeenIsSent();
@@ -41,6 +42,10 @@ void TestLauncherProgress::init() {
   QTest::failOnWarning(QRegularExpression(u".*"_s));
   m_bench = std::make_unique<DesktopBench>();
   QVERIFY(m_bench->startServices({u"launcher"_s}));
+}
+
+void TestLauncherProgress::cleanup() {
+  m_bench.reset();
 }
 
 void TestLauncherProgress::whatIsShown_data() {

@@ -10,6 +10,7 @@
 #include "FileRevealer.h"
 #include "KeyboardModifiers.h"
 #include "Notifier.h"
+#include "Sandbox.h"
 #include "SleepInhibitor.h"
 #include "UrlOpener.h"
 #include "Volumes.h"
@@ -29,8 +30,9 @@ class TestJobRecord final : public QObject {
   NullKeyboardModifiers m_keyboard;
   NullVolumes m_volumes;
   FakeClock m_clock;
-  JobServices m_services{m_inhibitor, m_notifier, m_revealer,        m_opener,       m_keyboard,
-                         m_volumes,   m_clock,    u"/none/ffmpeg"_s, u"/none/logs"_s};
+  NullSandbox m_sandbox;
+  JobServices m_services{m_inhibitor, m_notifier, m_revealer, m_opener,          m_keyboard,
+                         m_volumes,   m_clock,    m_sandbox,  u"/none/ffmpeg"_s, u"/none/logs"_s};
 
   static MKVFileInfo record(const QStringList &tracks) {
     MKVFileInfo info;

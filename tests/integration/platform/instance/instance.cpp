@@ -1,9 +1,9 @@
 // One start of a program that wants to be the only one: ADDRESS NAME PATIENCE [PATH…]
 //
 // The first prints "first", waits for a line ("go" lets it work; until then it is still starting)
-// and prints what arrives: "open PATH | PATH" or "activate", with " token TOKEN" behind. Further
-// lines: "release", "claim". A later start hands its paths over and ends with 0, or 1 where nobody
-// took them.
+// and prints "going" and what arrives: "open PATH | PATH" or "activate", with " token TOKEN"
+// behind. Further lines: "release", "claim", "end". A later start prints "second", hands its paths
+// over and ends with 0, or 1 where nobody took them.
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -53,9 +53,13 @@ int main(int argc, char **argv) {
   RealSingleInstance instance(QDBusConnection::connectToBus(words.at(1), u"instance"_s),
                               words.at(2),
                               {platformData, std::chrono::milliseconds(words.at(3).toInt())});
-  if (!instance.claim()) return instance.handOver(words.mid(4)) ? 0 : 1;
+  if (!instance.claim()) {
+    say(u"second"_s);
+    return instance.handOver(words.mid(4)) ? 0 : 1;
+  }
   say(u"first"_s);
   if (nextLine() != u"go"_s) return 2;
+  say(u"going"_s);
   instance.setHandler([&instance](const QStringList &paths) { tell(instance, paths); });
   QSocketNotifier commands(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&commands, &QSocketNotifier::activated, &instance,
