@@ -1,3 +1,4 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -5,6 +6,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
 
 #include "RealTrashCan.h"
 
@@ -23,6 +25,10 @@ class TestTrash final : public QObject {
   void failsClearly_data();
   void failsClearly();
   void failsWhenTheInfoCannotBeWritten();
+  void failsOnAFullDisk_data();
+  void failsOnAFullDisk();
+  void failsOnAReadOnlyTrash_data();
+  void failsOnAReadOnlyTrash();
   void usesTheVolumesOwnTrash();
   void distrustsAForeignTrash();
 
@@ -148,6 +154,59 @@ void TestTrash::failsWhenTheInfoCannotBeWritten() {
   const QString failure = RealTrashCan(path(u"data"_s)).moveToTrash(movie);
   QVERIFY(failure.contains(movie));
   QVERIFY(QFile::exists(movie));
+}
+
+void TestTrash::failsOnAFullDisk_data() {
+  QTest::addColumn<int>("room");  // bytes
+  QTest::newRow("no room at all") << 0;
+  QTest::newRow("room for the beginning") << 5;
+}
+
+// The .trashinfo file can be made, but not written: a limit of this process stands for the disk.
+void TestTrash::failsOnAFullDisk() {
+  QFETCH(int, room);
+  const QString movie = makeFile(u"movie.mkv"_s);
+  rlimit before;
+  QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{static_cast<rlim_t>(room), before.rlim_max};
+  const bool limited = ::setrlimit(RLIMIT_FSIZE, &full) == 0;
+  const QString failure = RealTrashCan(path(u"data"_s)).moveToTrash(movie);
+  const bool unlimited = ::setrlimit(RLIMIT_FSIZE, &before) == 0;
+  std::signal(SIGXFSZ, signalBefore);
+  QVERIFY(limited && unlimited);
+  QVERIFY(failure.contains(movie));
+  QVERIFY(QFile::exists(movie));
+  QCOMPARE(entries(u"data/Trash/info"_s), QStringList());
+  QCOMPARE(entries(u"data/Trash/files"_s), QStringList());
+}
+
+void TestTrash::failsOnAReadOnlyTrash_data() {
+  QTest::addColumn<QString>("locked");
+  QTest::newRow("infos") << u"data/Trash/info"_s;
+  QTest::newRow("files") << u"data/Trash/files"_s;
+  QTest::newRow("no Trash yet") << u"data"_s;
+}
+
+void TestTrash::failsOnAReadOnlyTrash() {
+  QFETCH(QString, locked);
+  const QString movie = makeFile(u"movie.mkv"_s);
+  const bool isThere = locked != u"data"_s;
+  QDir().mkpath(path(isThere ? u"data/Trash/files"_s : u"data"_s));
+  if (isThere) QDir().mkpath(path(u"data/Trash/info"_s));
+  for (const QString &folder :
+       {QString(), u"data"_s, u"data/Trash"_s, u"data/Trash/files"_s, u"data/Trash/info"_s})
+    ::chmod(QFile::encodeName(path(folder)).constData(), 0777);
+  ::chmod(QFile::encodeName(path(locked)).constData(), 0555);
+  const uid_t user = ::geteuid();
+  // For root nothing is read-only.
+  if (user == 0) QCOMPARE(::seteuid(65534), 0);
+  const QString failure = RealTrashCan(path(u"data"_s)).moveToTrash(movie);
+  if (user == 0) QCOMPARE(::seteuid(user), 0);
+  ::chmod(QFile::encodeName(path(locked)).constData(), 0777);
+  QVERIFY(failure.contains(movie));
+  QVERIFY(QFile::exists(movie));
+  QCOMPARE(entries(u"data/Trash/info"_s), QStringList());
 }
 
 void TestTrash::usesTheVolumesOwnTrash() {
