@@ -86,11 +86,14 @@ QString applySet(Invocation &invocation, const QByteArray &value) {
 }
 
 constexpr Option helpOption{"--help", false, true, applyHelp};
+constexpr Option shortHelpOption{"-h", false, true, applyHelp};
 constexpr Option jsonOption{"--json", false, false, applyJson};
 
-constexpr Option programOptions[] = {helpOption, {"--version", false, true, applyVersion}};
-constexpr Option probeOptions[] = {helpOption, jsonOption};
+constexpr Option programOptions[] = {
+    helpOption, shortHelpOption, {"--version", false, true, applyVersion}};
+constexpr Option probeOptions[] = {helpOption, shortHelpOption, jsonOption};
 constexpr Option convertOptions[] = {helpOption,
+                                     shortHelpOption,
                                      jsonOption,
                                      {"-o", true, false, applyOutputFolder},
                                      {"-r", false, false, applyRecursive},
@@ -98,9 +101,9 @@ constexpr Option convertOptions[] = {helpOption,
                                      {"--audio", true, false, applyAudio},
                                      {"--subtitle", true, false, applySubtitle},
                                      {"--dry-run", false, false, applyDryRun}};
-constexpr Option listOptions[] = {helpOption, jsonOption};
-constexpr Option resetOptions[] = {helpOption, {"--all", false, false, applyAll}};
-constexpr Option helpOnly[] = {helpOption};
+constexpr Option listOptions[] = {helpOption, shortHelpOption, jsonOption};
+constexpr Option resetOptions[] = {helpOption, shortHelpOption, {"--all", false, false, applyAll}};
+constexpr Option helpOnly[] = {helpOption, shortHelpOption};
 
 // Goes through the arguments of one command and sorts them into options and words.
 class Reader final {
@@ -221,7 +224,7 @@ ParsedArguments parseSettings(const QList<QByteArray> &arguments) {
   Invocation invocation;
   invocation.topic = Topic::Settings;
   const QByteArray name = arguments.value(1);
-  if (name == "--help") {
+  if (name == "--help" || name == "-h") {
     invocation.command = Command::Help;
     return {invocation, {}};
   }

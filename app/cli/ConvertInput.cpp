@@ -59,17 +59,24 @@ class Sorter final {
     const bool anyRefused = std::any_of(m_input.files.cbegin(), m_input.files.cend(),
                                         [](const InputFile &file) { return file.failure; });
     if (m_input.usageProblem.isNull() && m_movies == 0 && !anyRefused)
-      m_input.usageProblem = worded(u"There is no movie among the FILEs."_s);
+      m_input.usageProblem = noMovie();
     return m_input;
   }
 
  private:
+  [[nodiscard]] QString noMovie() const {
+    QString problem = worded(u"There is no movie among the FILEs."_s);
+    if (!m_folders.isEmpty()) problem += u" ("_s + m_folders.join(u", "_s) + u')';
+    return problem;
+  }
+
   void addFolder(const QByteArray &name, const GivenFile &file) {
     if (!m_invocation.recursive) {
       refuse(file.path, worded(u"'%@' is a folder; with -r the movies in it are converted."_s,
                                printable(file.path)));
       return;
     }
+    m_folders.append(u'\'' + printable(file.path) + u'\'');
     const QList<GivenFile> below = filesBelow(name, m_workingFolder);
     for (const GivenFile &each : below)
       add(each);
@@ -127,6 +134,7 @@ class Sorter final {
   const Invocation &m_invocation;
   QByteArray m_workingFolder;
   ConvertInput m_input;
+  QStringList m_folders;  // as they are shown
   int m_movies = 0;
 };
 

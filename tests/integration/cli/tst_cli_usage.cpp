@@ -28,6 +28,8 @@ void TestCliUsage::helpAndVersion_data() {
                          << QByteArray("usage: decant probe [--json] FILE…\n");
   QTest::newRow("convert") << QStringList{u"convert"_s, u"--help"_s}
                            << QByteArray("usage: decant convert [-o DIR] [-r]");
+  QTest::newRow("settings list") << QStringList{u"settings"_s, u"list"_s, u"--help"_s}
+                                 << QByteArray("usage: decant settings list [--json] |");
   QTest::newRow("settings") << QStringList{u"settings"_s, u"--help"_s}
                             << QByteArray("usage: decant settings list [--json] |");
 }
@@ -35,10 +37,14 @@ void TestCliUsage::helpAndVersion_data() {
 void TestCliUsage::helpAndVersion() {
   QFETCH(const QStringList, arguments);
   QFETCH(const QByteArray, begins);
-  const DecantOutcome outcome = DecantProgram().run(arguments);
+  const DecantProgram program;
+  const DecantOutcome outcome = program.run(arguments);
   QCOMPARE(outcome.status, 0);
   QVERIFY2(outcome.output.startsWith(begins), outcome.output.constData());
   QCOMPARE(outcome.error, QByteArray());
+  QStringList shortly = arguments;
+  shortly.replaceInStrings(u"--help"_s, u"-h"_s);
+  QCOMPARE(program.run(shortly).output, outcome.output);
 }
 
 void TestCliUsage::wrongUsage_data() {
@@ -50,7 +56,9 @@ void TestCliUsage::wrongUsage_data() {
   row("unknown option", {u"convert"_s, u"--fast"_s, u"a.mkv"_s}, "'--fast'");
   row("no file", {u"convert"_s}, "No FILE");
   row("no movie", {u"convert"_s, u"a.srt"_s}, "no movie among the FILEs");
-  row("no movie below a folder", {u"convert"_s, u"-r"_s, u"empty"_s}, "no movie among the FILEs");
+  row("no movie below a folder", {u"convert"_s, u"-r"_s, u"empty"_s}, "/work/empty'");
+  row("no movie below two folders", {u"convert"_s, u"-r"_s, u"empty"_s, u"void/"_s},
+      "/work/empty', '");
   row("unknown key", {u"convert"_s, u"--set"_s, u"Bogus=1"_s, u"a.mkv"_s}, "'Bogus'");
   row("bitrate 9", {u"convert"_s, u"--set"_s, u"AACBitrate=9"_s, u"a.mkv"_s}, "0 to 3");
   row("language 1", {u"convert"_s, u"--set"_s, u"DefaultAudio=1"_s, u"a.mkv"_s}, "0 or 2 to 8");
@@ -66,7 +74,8 @@ void TestCliUsage::wrongUsage() {
   QFETCH(const QStringList, arguments);
   QFETCH(const QByteArray, wrong);
   const DecantProgram program;
-  for (const auto name : {"a.mkv"_L1, "b.mkv"_L1, "a.srt"_L1, "empty/notes.txt"_L1})
+  for (const auto name :
+       {"a.mkv"_L1, "b.mkv"_L1, "a.srt"_L1, "empty/notes.txt"_L1, "void/a.srt"_L1})
     program.file(name);
   const QStringList before = program.files();
   const DecantOutcome outcome = program.run(arguments);
