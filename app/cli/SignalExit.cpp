@@ -8,7 +8,7 @@ namespace decant {
 
 namespace {
 
-constexpr std::array<int, 3> ending{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array<int, 4> ending{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 extern "C" void endAtOnce(int signal) {
   ::_exit(statusOfSignal(signal));

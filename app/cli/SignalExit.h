@@ -5,9 +5,9 @@
 
 namespace decant {
 
-// While it lives, SIGINT, SIGTERM and SIGHUP end the process at once with 128 and their number: for
-// commands that write nothing and have nothing to tidy up. A child ends with the program. A signal
-// that the caller had switched off stays off.
+// While it lives, SIGINT, SIGTERM, SIGHUP and SIGQUIT end the process at once with 128 and their
+// number: for commands that write nothing and have nothing to tidy up. A child ends with the
+// program. A signal that the caller had switched off stays off.
 class SignalExit final {
  public:
   SignalExit();
@@ -16,7 +16,7 @@ class SignalExit final {
   SignalExit &operator=(const SignalExit &) = delete;
 
  private:
-  std::array<struct sigaction, 3> m_before{};
+  std::array<struct sigaction, 4> m_before{};
 };
 
 }  // namespace decant

@@ -14,7 +14,7 @@ namespace decant {
 
 namespace {
 
-constexpr std::array<int, 3> watched{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array<int, 4> watched{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 // What a signal handler may touch.
 volatile std::sig_atomic_t firstSignal = 0;

@@ -7,8 +7,8 @@ class QSocketNotifier;
 
 namespace decant {
 
-// Turns SIGINT, SIGTERM and SIGHUP into a Qt signal of the main thread while it lives. A signal
-// that the caller had switched off (nohup) stays off. One object at a time.
+// Turns SIGINT, SIGTERM, SIGHUP and SIGQUIT into a Qt signal of the main thread while it lives. A
+// signal that the caller had switched off (nohup) stays off. One object at a time.
 class SignalWatcher final : public QObject {
   Q_OBJECT
 

@@ -48,6 +48,7 @@ void TestCliEnds::signals_data() {
   QTest::newRow("interrupt") << SIGINT << 130;
   QTest::newRow("terminate") << SIGTERM << 143;
   QTest::newRow("hang up") << SIGHUP << 129;
+  QTest::newRow("quit key") << SIGQUIT << 131;
 }
 
 void TestCliEnds::signals() {
@@ -112,8 +113,8 @@ void TestCliEnds::signalWhileProbing() {
     program.scenario().probe().announce(u"probing"_s).hang().write();
     const auto process = program.start(command + QStringList{u"a.mkv"_s});
     QTRY_VERIFY_WITH_TIMEOUT(program.scenario().announced(u"probing"_s), 30000);
-    ::kill(static_cast<pid_t>(process->processId()), SIGINT);
-    QCOMPARE(DecantProgram::end(*process).status, 130);
+    ::kill(static_cast<pid_t>(process->processId()), SIGQUIT);
+    QCOMPARE(DecantProgram::end(*process).status, 131);
     const qint64 tool = program.scenario().calls().first().value("pid"_L1).toInteger();
     QTRY_VERIFY_WITH_TIMEOUT(!isAlive(tool), 30000);
   }
