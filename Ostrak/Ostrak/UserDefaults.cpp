@@ -42,8 +42,8 @@ class UserDefaults::Timer final : public QObject {
 UserDefaults::UserDefaults(QString path, Persistence persistence)
     : m_path(std::move(path)), m_persistence(persistence) {
   std::optional<Values> values = readFile();
-  if (!values && m_persistence == Persistence::Stored) moveAside();
-  m_fileIgnored = !values && m_persistence == Persistence::InMemory;
+  m_fileIgnored = !values && (m_persistence == Persistence::InMemory || isFolder());
+  if (!values && !m_fileIgnored) moveAside();
   m_stored = std::move(values).value_or(Values());
   if (m_persistence == Persistence::Stored) m_timer = std::make_unique<Timer>(*this);
 }
@@ -112,7 +112,7 @@ void UserDefaults::synchronize() {
     Values changes;
     QSet<QString> dirty = takeDirty(changes);
     if (dirty.isEmpty()) return;
-    wasBroken = !readFile();
+    wasBroken = !isFolder() && !readFile();
     if (wasBroken) {
       // The new file gets all that is known here.
       moveAside();
@@ -187,31 +187,37 @@ bool looksLikeSettings(const QString &path) {
   return true;
 }
 
+QVariant valueFromFile(const QVariant &read) {
+  // What the backend takes for no value was written by nobody who means none: it is to be told.
+  if (!read.isValid()) return u"@Invalid()"_s;
+  if (read.typeId() != QMetaType::QStringList) return decodedFromStore(read.toString());
+  // Commas that were written by hand, without quotes.
+  QVariantList list;
+  const QStringList elements = read.toStringList();
+  for (const QString &element : elements)
+    list.append(decodedFromStore(element));
+  return list;
+}
+
 }  // namespace
 
 std::optional<UserDefaults::Values> UserDefaults::readFile() const {
   if (!QFileInfo::exists(m_path)) return Values();
+  if (isFolder()) return {};
   if (!looksLikeSettings(m_path)) return {};
   const QSettings file(m_path, QSettings::IniFormat);
   if (file.status() == QSettings::FormatError) return {};
   Values values;
   const QStringList keys = file.allKeys();
   for (const QString &key : keys) {
-    const QVariant text = file.value(key);
-    QVariant value;
-    if (text.typeId() == QMetaType::QStringList) {
-      // Commas that were written by hand, without quotes.
-      QVariantList list;
-      const QStringList elements = text.toStringList();
-      for (const QString &element : elements)
-        list.append(decodedFromStore(element));
-      value = list;
-    } else {
-      value = decodedFromStore(text.toString());
-    }
+    const QVariant value = valueFromFile(file.value(key));
     if (value.isValid()) values.insert(keyFromStore(key), value);
   }
   return values;
+}
+
+bool UserDefaults::isFolder() const {
+  return QFileInfo(m_path).isDir();
 }
 
 void UserDefaults::moveAside() {

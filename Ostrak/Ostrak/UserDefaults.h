@@ -31,7 +31,8 @@ class UserDefaults final {
 
   // Reads the file at `path`; one that is missing is an empty store. One that cannot be parsed is
   // moved to the first free "path.broken-N" (N from 1) and `keptAside` tells where it went; with
-  // Persistence::InMemory it is left where it is and only ignored.
+  // Persistence::InMemory it is left where it is and only ignored, as is always a folder in its
+  // place.
   UserDefaults(QString path, Persistence persistence);
   ~UserDefaults();
   UserDefaults(const UserDefaults &) = delete;
@@ -41,7 +42,7 @@ class UserDefaults final {
   // Where the last broken settings file was moved to, null when there was none. One that was found
   // while the store was made is left to its maker to tell; a later one is logged here.
   [[nodiscard]] QString keptAside() const;
-  // Whether a broken settings file was left where it is and not used (Persistence::InMemory).
+  // Whether a broken settings file, or a folder in its place, was left where it is and not used.
   [[nodiscard]] bool isFileIgnored() const { return m_fileIgnored; }
 
   // Adds fall-back values; never overwrites what is stored.
@@ -66,6 +67,7 @@ class UserDefaults final {
 
   // The values of the file; nothing when it cannot be parsed.
   [[nodiscard]] std::optional<Values> readFile() const;
+  [[nodiscard]] bool isFolder() const;
   void moveAside();
   [[nodiscard]] QSet<QString> takeDirty(Values &changes);
   void writeChanges(const QSet<QString> &dirty, const Values &changes);

@@ -11,6 +11,7 @@
 #include "Format.h"
 #include "Logging.h"
 #include "Ostrak.h"
+#include "StoredValue.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -132,11 +133,17 @@ bool isAllowed(const Setting &setting, double number) {
          number <= static_cast<double>(setting.maximum);
 }
 
+// A list, which has no text, as it stands in the file.
+QString shown(const QVariant &stored) {
+  const QString text = stored.toString();
+  return text.isNull() ? ostrak::encodedForStore(stored) : text;
+}
+
 QString complaint(const Setting &setting, const QVariant &stored) {
   return makeString(
       localized(
           u"The stored value \"%@\" of \"%@\" is out of range (allowed: %@); %lli is used."_s),
-      stored.toString(), keyOf(setting), allowedValues(setting), setting.fallback);
+      shown(stored), keyOf(setting), allowedValues(setting), setting.fallback);
 }
 
 void complainOnce(const Setting &setting, const QVariant &stored) {

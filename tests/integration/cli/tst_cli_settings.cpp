@@ -17,6 +17,9 @@ class TestCliSettings final : public QObject {
   void readingNeverWrites();
   void brokenFileIsKeptAsideOnce();
   void storedValueOutOfRangeIsToldOnce();
+  void storedValueThatIsNoTextIsShown();
+  void folderInItsPlaceIsToldOnce_data();
+  void folderInItsPlaceIsToldOnce();
   void fileThatCannotBeWritten();
 };
 
@@ -187,6 +190,45 @@ void TestCliSettings::storedValueOutOfRangeIsToldOnce() {
   // The repair of a launch stays; what is only read as its default stays as it was.
   QVERIFY(program.settings().contains("CustomUnknownHandling=1"));
   QVERIFY(program.settings().contains("AACBitrate=9"));
+}
+
+void TestCliSettings::storedValueThatIsNoTextIsShown() {
+  const DecantProgram program;
+  {
+    QFile file(program.settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("[General]\nAACBitrate=@Invalid()\nAutoAdd=1, 0\nAutoClean=\n") > 0);
+  }
+  const DecantOutcome outcome = program.run({u"settings"_s, u"get"_s, u"AACBitrate"_s});
+  QCOMPARE(outcome.output, QByteArray("1\n"));
+  for (const char *part :
+       {"\"@Invalid()\" of \"AACBitrate\"", "\"[1,0]\" of \"AutoAdd\"", "\"\" of \"AutoClean\""})
+    QVERIFY2(outcome.error.contains(part), outcome.error.constData());
+  QVERIFY(!outcome.error.contains("(null)"));
+}
+
+void TestCliSettings::folderInItsPlaceIsToldOnce_data() {
+  QTest::addColumn<QStringList>("arguments");
+  QTest::newRow("get") << QStringList{u"settings"_s, u"get"_s, u"AutoAdd"_s};
+  QTest::newRow("probe") << QStringList{u"probe"_s, u"a.mkv"_s};
+  QTest::newRow("dry run") << QStringList{u"convert"_s, u"--dry-run"_s, u"a.mkv"_s};
+  QTest::newRow("convert") << QStringList{u"convert"_s, u"a.mkv"_s};
+}
+
+void TestCliSettings::folderInItsPlaceIsToldOnce() {
+  QFETCH(const QStringList, arguments);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  QVERIFY(QDir().mkpath(program.settingsFile() + u"/kept"_s));
+  const DecantOutcome outcome = program.run(arguments);
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.error.count(program.settingsFile().toUtf8()), 1);
+  QCOMPARE(outcome.error.count('\n'), 1);
+  QVERIFY(QFileInfo::exists(program.settingsFile() + u"/kept"_s));
+  QCOMPARE(QDir(QFileInfo(program.settingsFile()).path())
+               .entryList(QDir::AllEntries | QDir::NoDotAndDotDot)
+               .size(),
+           1);
 }
 
 void TestCliSettings::fileThatCannotBeWritten() {
