@@ -1,7 +1,6 @@
 #include "AlertQueue.h"
 
 #include <QScopeGuard>
-#include <algorithm>
 
 #include "Defaults.h"
 #include "Dispatch.h"
@@ -59,11 +58,10 @@ int AlertQueue::presentAndRemember(Alert &alert, Silencing silencing) {
 void AlertQueue::post(Alert alert, std::function<void(int)> answered, Silencing silencing) {
   {
     const QMutexLocker locker(&m_mutex);
-    const auto isEqual = [&alert, silencing](const Waiting &waiting) {
-      return waiting.alert == alert && waiting.silencing == silencing;
-    };
-    if (std::any_of(m_waiting.cbegin(), m_waiting.cend(), isEqual)) return;
-    m_waiting.append({std::move(alert), std::move(answered), silencing});
+    const Key key{std::move(alert), silencing};
+    if (m_waitingKeys.contains(key)) return;
+    m_waitingKeys.insert(key);
+    m_waiting.append({key, std::move(answered)});
   }
   showNextSoon();
 }
@@ -80,7 +78,7 @@ void AlertQueue::showNext() {
   if (m_shown > 0) return;
   std::optional<Waiting> next = takeNext();
   if (!next) return;
-  const int code = presentAndRemember(next->alert, next->silencing);
+  const int code = presentAndRemember(next->key.alert, next->key.silencing);
   if (next->answered) next->answered(code);
 }
 
@@ -88,7 +86,8 @@ std::optional<AlertQueue::Waiting> AlertQueue::takeNext() {
   const QMutexLocker locker(&m_mutex);
   while (!m_waiting.isEmpty()) {
     Waiting next = m_waiting.takeFirst();
-    if (!isSilenced(next.alert.identifier, next.silencing)) return next;
+    m_waitingKeys.remove(next.key);
+    if (!isSilenced(next.key.alert.identifier, next.key.silencing)) return next;
   }
   return {};
 }

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QMutex>
+#include <QSet>
 #include <functional>
 #include <optional>
 
@@ -32,10 +33,19 @@ class AlertQueue final {
   [[nodiscard]] static bool isSilenced(const QString &identifier, Silencing silencing);
 
  private:
-  struct Waiting {
+  // What makes two posted alerts the same.
+  struct Key {
     Alert alert;
-    std::function<void(int code)> answered;
     Silencing silencing = Silencing::None;
+    bool operator==(const Key &) const = default;
+    friend size_t qHash(const Key &key, size_t seed = 0) {
+      return qHashMulti(seed, key.alert.identifier, key.alert.title, key.alert.message,
+                        key.alert.subject);
+    }
+  };
+  struct Waiting {
+    Key key;
+    std::function<void(int code)> answered;
   };
 
   int presentAndRemember(Alert &alert, Silencing silencing);
@@ -48,6 +58,7 @@ class AlertQueue final {
   int m_shown = 0;  // alerts on the screen
   QMutex m_mutex;
   QList<Waiting> m_waiting;
+  QSet<Key> m_waitingKeys;  // the same, for a look that does not go through all
 };
 
 }  // namespace ostrak

@@ -20,6 +20,7 @@ class TestAlertQueue final : public QObject {
   void waitsForAnAlertOnTheScreen();
   void dropsEqualsStillWaiting();
   void showsAnEqualAgainOnceAnswered();
+  void manyThatDifferAreEachShown();
   void anAnswerMayRaiseAnother();
   void comesFromAnyThread();
   void silencedWhileWaiting_data();
@@ -120,6 +121,15 @@ void TestAlertQueue::showsAnEqualAgainOnceAnswered() {
     postAlert(titled(u"same"_s));
     QTRY_COMPARE_WITH_TIMEOUT(titles().size(), round, 20000);
   }
+}
+
+// So many that looking through all of them for each would not come to an end in a test's time.
+void TestAlertQueue::manyThatDifferAreEachShown() {
+  constexpr int many = 100'000;
+  for (int i = 0; i < 2 * many; ++i)
+    postAlert(titled(QString::number(i % many)));
+  QTRY_COMPARE_WITH_TIMEOUT(m_program->presenter().presented.size(), many, 60'000);
+  QCOMPARE(m_program->presenter().presented.last().title, QString::number(many - 1));
 }
 
 void TestAlertQueue::anAnswerMayRaiseAnother() {
