@@ -15,6 +15,8 @@ namespace decant {
 namespace {
 
 constexpr std::chrono::seconds progressInterval{1};
+// What is left is reckoned from what is done: of less than this it says nothing.
+constexpr double leastTellingPercent = 1;
 
 QString sourceOf(const ConversionJob &job) {
   return job.fileInfo().fileURL.toLocalFile();
@@ -160,7 +162,7 @@ void ConvertRun::progressChanged(const ConversionJob &job) {
   const auto known = m_jobs.constFind(&job);
   if (known == m_jobs.cend() || known->hasEnded || job.state() != JobStateConverting) return;
   const std::optional<double> eta =
-      job.progress() > 0 ? std::optional(job.etaSeconds()) : std::nullopt;
+      job.progress() >= leastTellingPercent ? std::optional(job.etaSeconds()) : std::nullopt;
   m_reporter.progress(known->label, job.progress(), eta);
 }
 

@@ -9,6 +9,7 @@ class TestCliEvents final : public QObject {
 
  private Q_SLOTS:
   void progress();
+  void timeLeftIsHeldBackAtFirst();
   void progressOfUnknownLength();
   void failuresOfARun_data();
   void failuresOfARun();
@@ -38,6 +39,33 @@ void TestCliEvents::progress() {
   QCOMPARE(event.value("source"_L1), source);
   const QJsonObject finished = outcome.events(u"finished"_s).first();
   QVERIFY(finished.value("seconds"_L1).toDouble() > 0);
+}
+
+void TestCliEvents::timeLeftIsHeldBackAtFirst() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.scenario()
+      .conversion()
+      .progressAt(0.5)
+      .wait(u"first"_s)
+      .progressAt(1)
+      .wait(u"second"_s)
+      .write();
+  const auto process = program.start({u"convert"_s, u"--json"_s, u"a.mkv"_s});
+  DecantOutcome outcome;
+  for (const auto &step : {u"first"_s, u"second"_s}) {
+    const qsizetype before = outcome.events(u"progress"_s).size();
+    QTRY_VERIFY_WITH_TIMEOUT((outcome.output += process->readAllStandardOutput(),
+                              outcome.events(u"progress"_s).size() > before),
+                             30000);
+    QVERIFY(program.scenario().release(step));
+  }
+  QCOMPARE(DecantProgram::end(*process).status, 0);
+  const QList<QJsonObject> events = outcome.events(u"progress"_s);
+  QCOMPARE(events.at(0).value("percent"_L1), 0.5);
+  QVERIFY(events.at(0).value("etaSeconds"_L1).isNull());
+  QCOMPARE(events.at(1).value("percent"_L1), 1);
+  QVERIFY(events.at(1).value("etaSeconds"_L1).isDouble());
 }
 
 void TestCliEvents::progressOfUnknownLength() {
