@@ -53,6 +53,7 @@ class TestQueueProperty final : public QObject {
   void loseSource();
   void loseTool();
   void toggleAutoAdd();
+  void quitAndThinkBetter();
   void handleEvents() { QCoreApplication::processEvents(); }
 
   [[nodiscard]] QString newName();
@@ -83,19 +84,31 @@ void TestQueueProperty::randomEvents() {
   QFETCH(const quint32, seed);
   qInfo("seed %u", seed);
   m_random.seed(seed);
-  static constexpr std::array events{
-      &TestQueueProperty::drop,         &TestQueueProperty::dropThree,
-      &TestQueueProperty::addShown,     &TestQueueProperty::addShown,
-      &TestQueueProperty::skip,         &TestQueueProperty::addOneAndSkipTheLast,
-      &TestQueueProperty::addDirectly,  &TestQueueProperty::letFinish,
-      &TestQueueProperty::letFinish,    &TestQueueProperty::letFinish,
-      &TestQueueProperty::fillDisk,     &TestQueueProperty::emptyDisk,
-      &TestQueueProperty::emptyDisk,    &TestQueueProperty::pauseQueue,
-      &TestQueueProperty::pauseQueue,   &TestQueueProperty::pauseOne,
-      &TestQueueProperty::resumeOne,    &TestQueueProperty::removeOne,
-      &TestQueueProperty::clean,        &TestQueueProperty::loseSource,
-      &TestQueueProperty::loseTool,     &TestQueueProperty::toggleAutoAdd,
-      &TestQueueProperty::handleEvents, &TestQueueProperty::handleEvents};
+  static constexpr std::array events{&TestQueueProperty::drop,
+                                     &TestQueueProperty::dropThree,
+                                     &TestQueueProperty::addShown,
+                                     &TestQueueProperty::addShown,
+                                     &TestQueueProperty::skip,
+                                     &TestQueueProperty::addOneAndSkipTheLast,
+                                     &TestQueueProperty::addDirectly,
+                                     &TestQueueProperty::letFinish,
+                                     &TestQueueProperty::letFinish,
+                                     &TestQueueProperty::letFinish,
+                                     &TestQueueProperty::fillDisk,
+                                     &TestQueueProperty::emptyDisk,
+                                     &TestQueueProperty::emptyDisk,
+                                     &TestQueueProperty::pauseQueue,
+                                     &TestQueueProperty::pauseQueue,
+                                     &TestQueueProperty::pauseOne,
+                                     &TestQueueProperty::resumeOne,
+                                     &TestQueueProperty::removeOne,
+                                     &TestQueueProperty::clean,
+                                     &TestQueueProperty::loseSource,
+                                     &TestQueueProperty::loseTool,
+                                     &TestQueueProperty::toggleAutoAdd,
+                                     &TestQueueProperty::handleEvents,
+                                     &TestQueueProperty::handleEvents,
+                                     &TestQueueProperty::quitAndThinkBetter};
   const QObject context;
   connect(&m_p->queue(), &JobQueue::inserted, &context,
           [this](qsizetype index) { watch(m_p->queue().taskArray().at(index)); });
@@ -241,6 +254,16 @@ void TestQueueProperty::loseTool() {
 
 void TestQueueProperty::toggleAutoAdd() {
   ostrak::setDefaultInt(u"AutoAdd"_s, m_random.bounded(2));
+}
+
+// Asked only while a job runs, and then all goes on as it was.
+void TestQueueProperty::quitAndThinkBetter() {
+  RecordingPresenter &presenter = m_p->program.presenter();
+  const bool runs = m_p->count(JobStateConverting) > 0;
+  const qsizetype before = presenter.presented.size();
+  if (runs) presenter.answer(ostrak::secondButton);
+  QCOMPARE(m_p->controller->applicationShouldTerminate(), !runs);
+  QCOMPARE(presenter.presented.size(), before + (runs ? 1 : 0));
 }
 
 bool TestQueueProperty::canStart(const ConversionJob &job) const {
