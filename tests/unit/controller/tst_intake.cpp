@@ -1,8 +1,6 @@
-#include <QSemaphore>
 #include <QtTest>
 
 #include "Defaults.h"
-#include "Exceptions.h"
 #include "FakeProber.h"
 #include "Intake.h"
 #include "ScratchProgram.h"
@@ -36,22 +34,9 @@ class TestIntake final : public QObject {
   void filesWaitWhileAPanelIsUpOverNothing();
   void laterFilesComeBeforeEarlierOnes();
   void foldersAndTextsDoNothing();
-  void subtitlesAloneDoNothingYet();
-  void subtitleIsPairedAndCounted();
-  void pairingStaysForALaterMovie();
-  void subtitleThatComesLaterIsNotPaired();
-  void bestTrackIsPreselectedByItsIndex();
-  void equalDescriptionsAreToldApart();
-  void trackOutOfRangeIsIgnored();
-  void recordWithoutAudioHasNoBestTrack();
   void skippingGoesOnAndEndsInIdleness();
   void skippingKeepsTheRecord();
   void skippingWhileProbingDropsTheResult();
-  void refusedFileIsNamedAndTheNextIsTaken();
-  void refusedAlertsReachTheUser();
-  void listenerMayOpenTheNextFileFromARefusal();
-  void brokenReportNeverEndsTheBatch();
-  void brokenReportsAreToldOneByOne();
   void settingsOfTheProbeAreReadEachTime();
   void intakeMayGoWhileAProbeRuns();
 
@@ -158,84 +143,6 @@ void TestIntake::foldersAndTextsDoNothing() {
   QVERIFY(m_intake->importSubtitleFiles().isEmpty());
 }
 
-void TestIntake::subtitlesAloneDoNothingYet() {
-  m_intake->openFiles({u"/a.srt"_s});
-  QVERIFY(m_intake->isIdle());
-  QCOMPARE(m_intake->importSubtitleFiles().value(u"/a"_s), u"/a.srt"_s);
-}
-
-void TestIntake::subtitleIsPairedAndCounted() {
-  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s, u"/a.en.srt"_s});
-  waitForShown(u"a.mkv"_s);
-  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(u"/a.en.srt"_s));
-  QCOMPARE(m_intake->fileInfo()->informationString, u"Audiotracks: 2 (3+1) x (0+1)"_s);
-  m_intake->cancelAdd();
-  waitForShown(u"b.mkv"_s);
-  QVERIFY(m_intake->fileInfo()->subtitleFileURL.isEmpty());
-  QCOMPARE(m_intake->fileInfo()->informationString, u"Audiotracks: 2 (3) x (0)"_s);
-}
-
-void TestIntake::pairingStaysForALaterMovie() {
-  m_intake->openFiles({u"/Film.srt"_s, u"/Film.mkv"_s});
-  waitForShown(u"Film.mkv"_s);
-  m_intake->cancelAdd();
-  m_intake->openFiles({u"/Film.mp4"_s});
-  waitForShown(u"Film.mp4"_s);
-  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(u"/Film.srt"_s));
-}
-
-void TestIntake::subtitleThatComesLaterIsNotPaired() {
-  m_prober->hold();
-  m_intake->openFiles({u"/Film.mkv"_s});
-  m_intake->openFiles({u"/Film.srt"_s});
-  m_prober->finishAll();
-  waitForShown(u"Film.mkv"_s);
-  QVERIFY(m_intake->fileInfo()->subtitleFileURL.isEmpty());
-}
-
-void TestIntake::bestTrackIsPreselectedByItsIndex() {
-  m_prober->tracks = {u"#1: eng (ac3) [5.1]"_s, u"#2: ger (ac3)"_s, u"#4: ger (aac)"_s};
-  m_intake->openFiles({u"/a.mkv"_s});
-  waitForShown(u"a.mkv"_s);
-  QCOMPARE(m_intake->bestLanguage(), std::optional<int>(2));
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(2));
-  m_intake->setAudioTrackIndex(1);
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
-  // The next record begins anew, by the settings of that moment.
-  ostrak::setDefaultInt(u"DefaultAudio"_s, 2);
-  m_intake->cancelAdd();
-  m_intake->openFiles({u"/b.mkv"_s});
-  waitForShown(u"b.mkv"_s);
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(0));
-}
-
-void TestIntake::equalDescriptionsAreToldApart() {
-  m_prober->tracks = {u"#1: eng (dts)"_s, u"#1: ger (aac)"_s, u"#1: ger (aac)"_s};
-  m_intake->openFiles({u"/a.mkv"_s});
-  waitForShown(u"a.mkv"_s);
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
-  m_intake->setAudioTrackIndex(2);
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(2));
-}
-
-void TestIntake::trackOutOfRangeIsIgnored() {
-  m_intake->setAudioTrackIndex(0);
-  m_prober->tracks = {u"#1: eng (dts)"_s, u"#2: ger (aac)"_s};
-  m_intake->openFiles({u"/a.mkv"_s});
-  waitForShown(u"a.mkv"_s);
-  m_intake->setAudioTrackIndex(2);
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
-}
-
-void TestIntake::recordWithoutAudioHasNoBestTrack() {
-  QCOMPARE(m_intake->bestLanguage(), std::optional<int>());
-  m_prober->tracks.clear();
-  m_intake->openFiles({u"/a.mkv"_s});
-  waitForShown(u"a.mkv"_s);
-  QCOMPARE(m_intake->bestLanguage(), std::optional<int>());
-  QCOMPARE(m_intake->audioTrackIndex(), quint64(0));
-}
-
 void TestIntake::skippingGoesOnAndEndsInIdleness() {
   QSignalSpy drained(m_intake.get(), &Intake::drained);
   m_intake->cancelAdd();
@@ -268,85 +175,6 @@ void TestIntake::skippingWhileProbingDropsTheResult() {
   m_prober->finishAll();
   waitForShown(u"b.mkv"_s);
   QCOMPARE(probed.size(), 1);
-}
-
-void TestIntake::refusedFileIsNamedAndTheNextIsTaken() {
-  QSignalSpy refused(m_intake.get(), &Intake::refused);
-  QSignalSpy drained(m_intake.get(), &Intake::drained);
-  m_prober->refuse = {u"/a.mkv"_s, u"/c.mkv"_s};
-  m_prober->missTool = {u"/c.mkv"_s};
-  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s, u"/c.mkv"_s});
-  waitForShown(u"b.mkv"_s);
-  m_intake->cancelAdd();
-  QTRY_COMPARE(drained.size(), 1);
-  QCOMPARE(refused.size(), 2);
-  QCOMPARE(refused.at(0).at(0).toString(), u"/a.mkv"_s);
-  QCOMPARE(refused.at(0).at(2).toBool(), false);
-  QCOMPARE(refused.at(1).at(0).toString(), u"/c.mkv"_s);
-  QCOMPARE(refused.at(1).at(2).toBool(), true);
-}
-
-void TestIntake::refusedAlertsReachTheUser() {
-  m_prober->refuse = {u"/a.mkv"_s};
-  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s});
-  waitForShown(u"b.mkv"_s);
-  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
-  QCOMPARE(m_program->presenter().presented.at(0).message, u"Refused /a.mkv"_s);
-}
-
-void TestIntake::listenerMayOpenTheNextFileFromARefusal() {
-  QSignalSpy drained(m_intake.get(), &Intake::drained);
-  m_prober->refuse = {u"/a.mkv"_s};
-  connect(m_intake.get(), &Intake::refused, this, [this] {
-    QVERIFY(m_intake->isIdle());
-    m_intake->openFiles({u"/b.mkv"_s});
-  });
-  m_intake->openFiles({u"/a.mkv"_s});
-  waitForShown(u"b.mkv"_s);
-  QVERIFY(drained.isEmpty());
-  QCOMPARE(m_prober->mostAtOnce(), 1);
-}
-
-void TestIntake::brokenReportNeverEndsTheBatch() {
-  QSignalSpy refused(m_intake.get(), &Intake::refused);
-  m_prober->breakOn = {u"/a.mkv"_s};
-  // The report is on the screen while the next file goes on: nothing waits for its answer.
-  bool shownMeanwhile = false;
-  m_program->presenter().setWhileShown([this, &shownMeanwhile](ostrak::Alert &) {
-    shownMeanwhile =
-        QTest::qWaitFor([this] { return m_intake->state() == Intake::State::Showing; });
-  });
-  m_program->presenter().answer(ostrak::secondButton);
-  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s});
-  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
-  waitForShown(u"b.mkv"_s);
-  QVERIFY(shownMeanwhile);
-  QCOMPARE(refused.size(), 1);
-  const auto outcome = refused.at(0).at(1).value<ProbeOutcome>();
-  QVERIFY(!outcome.record);
-  QCOMPARE(outcome.alerts.size(), 1);
-  QVERIFY(outcome.alerts.at(0).alert.problemReport);
-  QVERIFY(outcome.alerts.at(0).alert.message.contains(u"no third word"_s));
-  const ostrak::Alert &told = m_program->presenter().presented.at(0);
-  QVERIFY(told.problemReport);
-  QVERIFY(told.message.contains(u"a.mkv"_s));
-  QVERIFY(told.message.contains(u"RangeException: no third word"_s));
-  QVERIFY(m_program->opener().opened.isEmpty());
-}
-
-void TestIntake::brokenReportsAreToldOneByOne() {
-  m_prober->breakOn = {u"/a.mkv"_s, u"/b.mkv"_s};
-  auto &presenter = m_program->presenter();
-  QList<qsizetype> shownAtTheEnd;
-  presenter.setWhileShown([this, &presenter, &shownAtTheEnd](ostrak::Alert &) {
-    QVERIFY(QTest::qWaitFor([this] { return m_intake->state() == Intake::State::Showing; }));
-    shownAtTheEnd.append(presenter.presented.size());
-  });
-  presenter.answer(ostrak::secondButton);
-  presenter.answer(ostrak::secondButton);
-  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s, u"/c.mkv"_s});
-  QTRY_COMPARE(shownAtTheEnd, (QList<qsizetype>{1, 2}));
-  waitForShown(u"c.mkv"_s);
 }
 
 void TestIntake::settingsOfTheProbeAreReadEachTime() {

@@ -1,0 +1,129 @@
+#include <QtTest>
+
+#include "Defaults.h"
+#include "FakeProber.h"
+#include "Intake.h"
+#include "ScratchProgram.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// What intake makes of a probed movie: its subtitles and its track.
+class TestIntakeRecord final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    registerSettings();
+    m_prober = std::make_unique<FakeProber>();
+    m_intake = std::make_unique<Intake>(QStringList{u"ger"_s, u"eng"_s}, m_prober->function());
+  }
+  void cleanup() {
+    m_intake.reset();
+    m_prober->finishAll();
+    QTRY_COMPARE(m_prober->running(), 0);
+    m_program.reset();
+  }
+
+  void subtitlesAloneDoNothingYet();
+  void subtitleIsPairedAndCounted();
+  void pairingStaysForALaterMovie();
+  void subtitleThatComesLaterIsNotPaired();
+  void bestTrackIsPreselectedByItsIndex();
+  void equalDescriptionsAreToldApart();
+  void trackOutOfRangeIsIgnored();
+  void recordWithoutAudioHasNoBestTrack();
+
+ private:
+  void waitForShown(const QString &name) {
+    QTRY_COMPARE(m_intake->state(), Intake::State::Showing);
+    QCOMPARE(m_intake->fileInfo()->fileName, name);
+  }
+  std::unique_ptr<ScratchProgram> m_program;
+  std::unique_ptr<FakeProber> m_prober;
+  std::unique_ptr<Intake> m_intake;
+};
+
+void TestIntakeRecord::subtitlesAloneDoNothingYet() {
+  m_intake->openFiles({u"/a.srt"_s});
+  QVERIFY(m_intake->isIdle());
+  QCOMPARE(m_intake->importSubtitleFiles().value(u"/a"_s), u"/a.srt"_s);
+}
+
+void TestIntakeRecord::subtitleIsPairedAndCounted() {
+  m_intake->openFiles({u"/a.mkv"_s, u"/b.mkv"_s, u"/a.en.srt"_s});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(u"/a.en.srt"_s));
+  QCOMPARE(m_intake->fileInfo()->informationString, u"Audiotracks: 2 (3+1) x (0+1)"_s);
+  m_intake->cancelAdd();
+  waitForShown(u"b.mkv"_s);
+  QVERIFY(m_intake->fileInfo()->subtitleFileURL.isEmpty());
+  QCOMPARE(m_intake->fileInfo()->informationString, u"Audiotracks: 2 (3) x (0)"_s);
+}
+
+void TestIntakeRecord::pairingStaysForALaterMovie() {
+  m_intake->openFiles({u"/Film.srt"_s, u"/Film.mkv"_s});
+  waitForShown(u"Film.mkv"_s);
+  m_intake->cancelAdd();
+  m_intake->openFiles({u"/Film.mp4"_s});
+  waitForShown(u"Film.mp4"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(u"/Film.srt"_s));
+}
+
+void TestIntakeRecord::subtitleThatComesLaterIsNotPaired() {
+  m_prober->hold();
+  m_intake->openFiles({u"/Film.mkv"_s});
+  m_intake->openFiles({u"/Film.srt"_s});
+  m_prober->finishAll();
+  waitForShown(u"Film.mkv"_s);
+  QVERIFY(m_intake->fileInfo()->subtitleFileURL.isEmpty());
+}
+
+void TestIntakeRecord::bestTrackIsPreselectedByItsIndex() {
+  m_prober->tracks = {u"#1: eng (ac3) [5.1]"_s, u"#2: ger (ac3)"_s, u"#4: ger (aac)"_s};
+  m_intake->openFiles({u"/a.mkv"_s});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->bestLanguage(), std::optional<int>(2));
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(2));
+  m_intake->setAudioTrackIndex(1);
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
+  // The next record begins anew, by the settings of that moment.
+  ostrak::setDefaultInt(u"DefaultAudio"_s, 2);
+  m_intake->cancelAdd();
+  m_intake->openFiles({u"/b.mkv"_s});
+  waitForShown(u"b.mkv"_s);
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(0));
+}
+
+void TestIntakeRecord::equalDescriptionsAreToldApart() {
+  m_prober->tracks = {u"#1: eng (dts)"_s, u"#1: ger (aac)"_s, u"#1: ger (aac)"_s};
+  m_intake->openFiles({u"/a.mkv"_s});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
+  m_intake->setAudioTrackIndex(2);
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(2));
+}
+
+void TestIntakeRecord::trackOutOfRangeIsIgnored() {
+  m_intake->setAudioTrackIndex(0);
+  m_prober->tracks = {u"#1: eng (dts)"_s, u"#2: ger (aac)"_s};
+  m_intake->openFiles({u"/a.mkv"_s});
+  waitForShown(u"a.mkv"_s);
+  m_intake->setAudioTrackIndex(2);
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(1));
+}
+
+void TestIntakeRecord::recordWithoutAudioHasNoBestTrack() {
+  QCOMPARE(m_intake->bestLanguage(), std::optional<int>());
+  m_prober->tracks.clear();
+  m_intake->openFiles({u"/a.mkv"_s});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->bestLanguage(), std::optional<int>());
+  QCOMPARE(m_intake->audioTrackIndex(), quint64(0));
+}
+
+QTEST_GUILESS_MAIN(TestIntakeRecord)
+#include "tst_intakerecord.moc"
