@@ -3,11 +3,13 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QResizeEvent>
+#include <QStyle>
 
 namespace ostrak {
 
 namespace {
 
+constexpr int gapBelowHint = 6;       // pixels
 constexpr double hintSize = 0.9;      // of the label's own font
 constexpr double hintStrength = 0.7;  // of the text colour, the rest is background
 
@@ -66,10 +68,16 @@ HintLabel::HintLabel(QWidget *parent) : QLabel(parent) {
 
 HintLabel::~HintLabel() = default;
 
+bool HintLabel::event(QEvent *event) {
+  if (event->type() == QEvent::DynamicPropertyChange) dress();
+  return QLabel::event(event);
+}
+
 void HintLabel::changeEvent(QEvent *event) {
   QLabel::changeEvent(event);
-  const bool matters =
-      event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+  const bool matters = event->type() == QEvent::PaletteChange ||
+                       event->type() == QEvent::StyleChange ||
+                       event->type() == QEvent::LayoutDirectionChange;
   if (matters && !m_dressing) dress();
 }
 
@@ -85,6 +93,12 @@ void HintLabel::dress() {
   quiet.setColor(QPalette::Inactive, QPalette::WindowText,
                  mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
   setPalette(quiet);
+  if (property("belowCheckBox").toBool()) {
+    const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) +
+                       style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, this);
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    setContentsMargins(mirrored ? 0 : indent, 0, mirrored ? indent : 0, gapBelowHint);
+  }
   m_dressing = false;
 }
 

@@ -30,7 +30,8 @@ class ElidedLabel final : public QLabel {
   Qt::TextElideMode m_mode = Qt::ElideRight;
 };
 
-// A sentence of help below a control: smaller and quieter than its label, wrapped.
+// A sentence of help below a control: smaller and quieter than its label, wrapped. With the dynamic
+// property "belowCheckBox" it lines up with the text of the checkbox above.
 class HintLabel final : public QLabel {
   Q_OBJECT
 
@@ -39,6 +40,7 @@ class HintLabel final : public QLabel {
   ~HintLabel() override;
 
  protected:
+  bool event(QEvent *event) override;
   void changeEvent(QEvent *event) override;
 
  private:

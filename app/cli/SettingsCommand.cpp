@@ -6,6 +6,7 @@
 #include "Defaults.h"
 #include "ErrorLine.h"
 #include "JsonLine.h"
+#include "LaunchFixups.h"
 #include "Ostrak.h"
 #include "Printable.h"
 #include "Settings.h"
@@ -132,6 +133,8 @@ void SettingsCommand::get(const QString &key) {
 }
 
 ExitCode SettingsCommand::set(const QString &key, const QString &text) {
+  // Else the next launch would take the new index for one of an older version and move it.
+  if (key == "DefaultDestination"_L1) migrateDestinationIndex();
   ostrak::tk->userDefaults().setValue(key, valueFromText(*findSetting(key), text));
   return flush({key});
 }

@@ -93,8 +93,10 @@ void JobDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
             Qt::ElideMiddle);
   painter->setFont(option.font);
   const bool failed = state == JobStateFailed;
+  // The time left stands at the end of the line and is what people look for.
   paintText(*painter, option, layout.status, index.data(JobListModel::StatusRole).toString(),
-            failed && !selected ? failureColor(option.palette) : weak, Qt::ElideRight);
+            failed && !selected ? failureColor(option.palette) : weak,
+            state == JobStateConverting ? Qt::ElideMiddle : Qt::ElideRight);
   if (!layout.progress.isEmpty()) {
     paintBar(*painter, option, layout.progress, index.data(JobListModel::ProgressRole).toDouble());
   }

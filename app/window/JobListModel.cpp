@@ -1,7 +1,5 @@
 #include "JobListModel.h"
 
-#include <QDir>
-
 #include "ConversionJob.h"
 #include "JobQueue.h"
 
@@ -32,6 +30,13 @@ int JobListModel::rowCount(const QModelIndex &parent) const {
   return parent.isValid() ? 0 : static_cast<int>(m_queue.taskArray().size());
 }
 
+// What may be cut off in the row, and where the output goes.
+QString JobListModel::toolTip(const ConversionJob &job) {
+  const QStringList lines{job.fileInfo().fileName, job.stateInfoString(),
+                          job.fileInfo().destinationURL.toLocalFile()};
+  return lines.join(u'\n').toHtmlEscaped().replace(u"\n"_s, u"<br>"_s);
+}
+
 QVariant JobListModel::data(const QModelIndex &index, int role) const {
   const ConversionJob *job = jobAt(index);
   if (!job) return {};
@@ -47,7 +52,7 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const {
     case FastRole:
       return job->fastmode();
     case Qt::ToolTipRole:
-      return QDir::toNativeSeparators(job->fileInfo().destinationURL.toLocalFile());
+      return toolTip(*job);
     case Qt::AccessibleTextRole: {
       const QString text = job->fileInfo().fileName + u", "_s + job->stateInfoString();
       return text;

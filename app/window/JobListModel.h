@@ -33,6 +33,7 @@ class JobListModel final : public QAbstractListModel {
   [[nodiscard]] ConversionJob *jobAt(const QModelIndex &index) const;
 
  private:
+  [[nodiscard]] static QString toolTip(const ConversionJob &job);
   void follow(ConversionJob &job);
   void jobChanged(const ConversionJob &job);
 

@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 
 #include "AppDelegate.h"
+#include "Defaults.h"
 #include "DestinationFolders.h"
 #include "DestinationPopUp.h"
 #include "DestinationRoad.h"
@@ -18,6 +19,7 @@
 #include "JobListModel.h"
 #include "JobListView.h"
 #include "Ostrak.h"
+#include "PictureView.h"
 #include "PreferencesWindow.h"
 #include "SettingBinder.h"
 #include "StylePanel.h"
@@ -41,9 +43,13 @@ QWidget *makeWidget(const QString &className, QWidget *parent) {
   if (className == "FilePanel"_L1) return new FilePanel(parent);
   if (className == "JobListView"_L1) return new JobListView(parent);
   if (className == "ElidedLabel"_L1) return new ostrak::ElidedLabel(parent);
+  if (className == "PictureView"_L1) return new ostrak::PictureView(parent);
   if (className == "HintLabel"_L1) return new ostrak::HintLabel(parent);
   return nullptr;
 }
+
+const QString geometryKey = u"MainWindowGeometry"_s;
+constexpr QSize usualSize(720, 580);
 
 struct ActionIcon {
   const char *action;
@@ -87,9 +93,8 @@ void MainWindow::follow(const WindowParts &parts) {
   m_jobActions = new JobActions(*this, *m_jobList, *m_model, m_parts->app, this);
   m_jobArea = &outlet<QStackedWidget>(*this, u"jobArea"_s);
 
-  auto &help = outlet<QLabel>(*this, u"helpImageView"_s);
-  help.setPixmap(
-      QIcon(tk->resDir() + u"/images/help.svg"_s).pixmap(QSize(160, 112), devicePixelRatioF()));
+  outlet<ostrak::PictureView>(*this, u"helpImageView"_s)
+      .setPicture(QIcon(tk->resDir() + u"/images/help.svg"_s), QSize(160, 112));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.5);
   outlet<QLabel>(*this, u"helpLabel"_s).setFont(large);
@@ -103,6 +108,15 @@ void MainWindow::follow(const WindowParts &parts) {
   connectDestinations();
   dressActions();
   showEmptyOrList();
+  restorePlace();
+}
+
+void MainWindow::restorePlace() {
+  if (!restoreGeometry(ostrak::defaultObject(geometryKey).toByteArray())) resize(usualSize);
+}
+
+void MainWindow::keepGeometry() const {
+  ostrak::setDefaultObject(geometryKey, saveGeometry());
 }
 
 QAction &MainWindow::action(const QString &name) {

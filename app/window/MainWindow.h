@@ -43,6 +43,8 @@ class MainWindow final : public QMainWindow {
   [[nodiscard]] static std::unique_ptr<MainWindow> load(const WindowParts &parts);
 
   void openPreferences();
+  // Remembers place and size for the next start.
+  void keepGeometry() const;
   // Brings the window to the front.
   void openMainWindow();
   // Queues the shown record by the destination menu.
@@ -63,6 +65,7 @@ class MainWindow final : public QMainWindow {
 
  private:
   void follow(const WindowParts &parts);
+  void restorePlace();
   void connectMenus();
   void connectDestinations();
   void dressActions();

@@ -124,6 +124,7 @@ void WindowProgram::showLauncherProgress() {
 
 void WindowProgram::quitAtOnce() {
   m_quitting = true;
+  if (m_window) m_window->keepGeometry();
   m_app.applicationWillTerminate();
   QCoreApplication::quit();
 }

@@ -384,7 +384,7 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>Remo&amp;ve</source>
+        <source>Re&amp;move</source>
         <translation>En&amp;tfernen</translation>
     </message>
     <message>
@@ -394,7 +394,7 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>&amp;Preferences…</source>
+        <source>Pr&amp;eferences…</source>
         <translation>Ein&amp;stellungen …</translation>
     </message>
     <message>
@@ -440,12 +440,12 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>More About &amp;Decant</source>
+        <source>More About De&amp;cant</source>
         <translation>&amp;Mehr über Decant</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>&amp;Write to Support…</source>
+        <source>Write to &amp;Support…</source>
         <translation>An den &amp;Support schreiben …</translation>
     </message>
     <message>
@@ -455,7 +455,7 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>Decant on the &amp;Web</source>
+        <source>Decant on the We&amp;b</source>
         <translation>Decant &amp;im Web</translation>
     </message>
     <message>
@@ -465,7 +465,7 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <source>Open in the Store &amp;Program</source>
+        <source>Open in the Store Pro&amp;gram</source>
         <translation>Im Store-&amp;Programm öffnen</translation>
     </message>
     <message>

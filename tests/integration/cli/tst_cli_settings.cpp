@@ -13,6 +13,7 @@ class TestCliSettings final : public QObject {
   void setGetReset();
   void refusals_data();
   void refusals();
+  void aChosenDestinationSurvivesTheNextLaunch();
   void resetAllKeepsDestinations();
   void readingNeverWrites();
   void brokenFileIsKeptAsideOnce();
@@ -111,6 +112,14 @@ void TestCliSettings::refusals() {
   QVERIFY(outcome.error.contains("\nusage: decant settings"));
   // All or nothing.
   QCOMPARE(program.run({u"settings"_s, u"get"_s, u"AutoAdd"_s}).output, QByteArray("1\n"));
+}
+
+// A launch moves the index of an older version by one; a new one is not of that kind.
+void TestCliSettings::aChosenDestinationSurvivesTheNextLaunch() {
+  const DecantProgram program;
+  QCOMPARE(program.run({u"settings"_s, u"set"_s, u"DefaultDestination"_s, u"1"_s}).status, 0);
+  QCOMPARE(program.run({u"convert"_s, u"missing.mkv"_s}).status, 1);
+  QCOMPARE(program.run({u"settings"_s, u"get"_s, u"DefaultDestination"_s}).output.trimmed(), "1");
 }
 
 void TestCliSettings::resetAllKeepsDestinations() {
