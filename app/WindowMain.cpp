@@ -99,7 +99,7 @@ int runProgram(ProcessServices &services, SessionServices &session, const GivenF
       library.docDir()};
   decant::WindowProgram program(
       {jobs, services.trashCan, decant::preferredLanguages3Letter(languages),
-       [] { QCoreApplication::quit(); }},
+       [] { QCoreApplication::exit(); }},
       {session.instance, session.launcher});
   decant::SignalWatcher signalWatcher;
   QObject::connect(&signalWatcher, &decant::SignalWatcher::interrupted, &program,

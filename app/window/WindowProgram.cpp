@@ -126,7 +126,8 @@ void WindowProgram::quitAtOnce() {
   m_quitting = true;
   if (m_window) m_window->keepGeometry();
   m_app.applicationWillTerminate();
-  QCoreApplication::quit();
+  // Not quit(), which asks the windows first, and theirs is the question that was just answered.
+  QCoreApplication::exit();
 }
 
 bool WindowProgram::quit() {
