@@ -43,8 +43,9 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   // Ends what applicationWillTerminate has not ended yet.
   ~AppDelegate() override;
 
-  // Start-up steps that the terminal and the window share: counts a launch, sweeps
-  // progress files that a killed program has left, repairs the settings, tells once about stored values that are out of range.
+  // Start-up steps that the terminal and the window share: counts a launch, sweeps progress files
+  // that a killed program has left, repairs the settings, tells once about stored values that are
+  // out of range.
   void applicationWillFinishLaunching();
 
   [[nodiscard]] JobQueue &queue() { return m_queue; }
