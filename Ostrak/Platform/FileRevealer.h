@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// Shows a file, selected, in the desktop's file manager.
+// Shows a file, given by its absolute path, selected in the desktop's file manager.
 class FileRevealer {
  public:
   virtual ~FileRevealer() = default;

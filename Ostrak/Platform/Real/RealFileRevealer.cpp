@@ -4,6 +4,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QFileInfo>
 #include <QUrl>
+#include <algorithm>
 #include <utility>
 
 #include "FileUri.h"
@@ -49,7 +50,8 @@ void RealFileRevealer::withoutFileManager(const QString &path, const QString &wh
 }
 
 void RealFileRevealer::openFolder(const QString &path) {
-  const QString folder = QFileInfo(path).absolutePath();
+  // The path's own words: behind a link, ".." leads elsewhere than a shortened path would.
+  const QString folder = path.left(std::max<qsizetype>(path.lastIndexOf(u'/'), 1));
   if (!m_opener.open(QUrl(ostrak::fileUri(folder), QUrl::StrictMode))) {
     ostrak::tk_log_level(4, u"Warning: nothing could show the folder %@"_s, folder);
   }

@@ -1,7 +1,7 @@
 """Services of a desktop, mocked: ADDRESS LOGFILE KIND…
 
-A KIND is a name with its parameters: "notifications:CAPABILITIES:FIRSTNUMBER", capabilities with
-commas between them. "pausing" makes the others stop this process before they answer;
+A KIND is a name with its parameters: "notifications:CAPABILITIES:FIRSTNUMBER:renumbers", capabilities
+with commas between them, the last where a message that replaces another gets a new number. "pausing" makes the others stop this process before they answer;
 "dying:FILE" makes the first of them end it, which FILE remembers."""
 
 import os
@@ -42,12 +42,12 @@ def die_once(remembering):
             os._exit(0)
 
 
-def notifications(bus, log, capabilities="", first="1"):
+def notifications(bus, log, capabilities="", first="1", renumbers=""):
     numbers = iter(range(int(first), int(first) + 1000))
 
     def notify(_, app, replaces, *rest):
         before_an_answer()
-        return replaces or next(numbers)
+        return next(numbers) if renumbers or not replaces else replaces
 
     def tell_capabilities(_):
         return dbus.Array(filter(None, capabilities.split(",")), signature="s")

@@ -122,8 +122,12 @@ void TestFileRevealer::foldersAreEncodedToo() {
   revealer.reveal(path);
   QCOMPARE(opener.opened.size(), 1);
   QCOMPARE(opener.opened.at(0).toLocalFile(), m_bench->path(u"100% #1 ä"_s));
-  revealer.reveal(u"//"_s + path.mid(1));
+  revealer.reveal(u'/' + path);
   QCOMPARE(opener.opened.at(1).host(), QString());
+  revealer.reveal(m_bench->path(u"link/../gone.mp4"_s));
+  QCOMPARE(opener.opened.at(2).path(), m_bench->path(u"link/.."_s));
+  revealer.reveal(u"/gone.mp4"_s);
+  QCOMPARE(opener.opened.at(3), QUrl(u"file:///"_s));
 }
 
 void TestFileRevealer::aSilentFileManagerHoldsUpNobody() {

@@ -1,4 +1,3 @@
-#include <QSignalSpy>
 #include <QTest>
 
 #include "DesktopBench.h"
@@ -29,6 +28,7 @@ class TestNotifier final : public QObject {
   void markupIsEscapedOnlyWhereItIsRead_data();
   void markupIsEscapedOnlyWhereItIsRead();
   void oneMessagePerJob();
+  void aReplacedMessageIsForgotten();
   void aSecondMessageWhileTheFirstIsOnItsWay();
   void theActionTellsThePath_data();
   void theActionTellsThePath();
@@ -47,7 +47,7 @@ class TestNotifier final : public QObject {
       m_activated.append(path);
     });
   }
-  // The messages that the server was given, with the words before and behind them cut off.
+  // The messages that the server was given.
   [[nodiscard]] QStringList shown() const { return m_bench->services().log().filter(u"Notify "_s); }
   // Waits until the answer to the last message is there, too.
   void post(const Notification &notification) {
@@ -133,6 +133,16 @@ void TestNotifier::oneMessagePerJob() {
   QVERIFY(shown().at(0).startsWith(u"Notify \"Decant\" 0 "_s));
   QVERIFY(shown().at(1).startsWith(u"Notify \"Decant\" 0 "_s));
   QVERIFY(shown().at(2).startsWith(u"Notify \"Decant\" 7 "_s));
+}
+
+void TestNotifier::aReplacedMessageIsForgotten() {
+  QVERIFY(m_bench->startServices({u"notifications:actions:7:renumbers"_s}));
+  post(finished(u"a"_s));
+  post(finished(u"a"_s));
+  post(finished(u"a"_s));
+  QVERIFY(shown().at(2).startsWith(u"Notify \"Decant\" 8 "_s));
+  m_bench->emitSignal(server, u"ActionInvoked"_s, u"us"_s, {7U, u"default"_s});
+  QCOMPARE(m_activated, QStringList());
 }
 
 void TestNotifier::aSecondMessageWhileTheFirstIsOnItsWay() {

@@ -1,6 +1,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QFile>
 #include <QTest>
 
 #include "DesktopBench.h"
@@ -239,6 +240,7 @@ void TestSingleInstance::nobodyThere() {
   QVERIFY(m_bench->privateBus().makeActivatable(m_name,
                                                 m_bench->serviceCommand(log, {u"filemanager"_s})));
   QVERIFY(!m_first->handOver({u"/a"_s}));
+  QVERIFY(!QFile::exists(log));
   QVERIFY(m_first->claim());
 }
 
