@@ -87,6 +87,15 @@ struct SessionServices {
   RealSingleInstance instance;
 };
 
+// The first instance may end while it is asked, and then this one takes its place; one that hangs
+// is left alone, and this one opens a window of its own.
+bool isServedByAnother(SingleInstance &instance, const QStringList &paths) {
+  if (instance.claim()) return false;
+  if (instance.handOver(paths)) return true;
+  (void)instance.claim();
+  return false;
+}
+
 int runProgram(ProcessServices &services, SessionServices &session, const GivenFiles &files,
                const QStringList &languages) {
   services.setup.workspace = &session.opener;
@@ -126,7 +135,7 @@ int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
   QApplication::setApplicationName(name);
   const GivenFiles files = givenFiles(decant::parseArguments(arguments).invocation.files);
   SessionServices session(name, identifier, platformData);
-  if (!session.instance.claim() && session.instance.handOver(files.paths))
+  if (isServedByAnother(session.instance, files.paths))
     return decant::statusOf(decant::ExitCode::Done);
   const QString resources = services.setup.bundlePath + u"/resources"_s;
   QApplication::setWindowIcon(

@@ -21,16 +21,10 @@ namespace decant {
 namespace {
 
 QByteArray joined(const QByteArray &name, const QByteArray &workingFolder) {
-  if (!name.startsWith('/')) {
-    QByteArray path = workingFolder;
-    if (!path.endsWith('/')) path += '/';
-    return path += name;
-  }
-  // Two slashes at the beginning would be read as the name of a host once the path is a location.
-  qsizetype slashes = 0;
-  while (slashes < name.size() && name.at(slashes) == '/')
-    ++slashes;
-  return name.sliced(slashes - 1);
+  if (name.startsWith('/')) return name;
+  QByteArray path = workingFolder;
+  if (!path.endsWith('/')) path += '/';
+  return path += name;
 }
 
 QString systemError(int error) {

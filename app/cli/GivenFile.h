@@ -18,7 +18,7 @@ struct GivenFile {
 [[nodiscard]] QString textOfBytes(const QByteArray &bytes);
 
 // The name as an absolute path, made by joining it to the working folder; nothing is resolved or
-// collapsed but slashes doubled at the very beginning. Refused: no name, a name that is not UTF-8,
+// collapsed. Refused: no name, a name that is not UTF-8,
 // a relative one where there is no working folder. Pure.
 [[nodiscard]] GivenFile givenFile(const QByteArray &name, const QByteArray &workingFolder);
 

@@ -1,5 +1,6 @@
 #include "DestinationFolders.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include "Bookmark.h"
@@ -20,6 +21,13 @@ namespace {
 const QString bookmarksKey = u"DestinationBookmarks"_s;
 const QString namesKey = u"DestinationNames"_s;
 const QString defaultKey = u"DefaultDestination"_s;
+
+// The last component of the path; the root folder goes by its whole path.
+QString nameOf(const QString &folder) {
+  const QString path = QDir::cleanPath(folder);
+  const QString name = QFileInfo(path).fileName();
+  return name.isEmpty() ? path : name;
+}
 
 // Drops the entries for which `drop` holds from both lists.
 template <typename Drop>
@@ -89,7 +97,7 @@ DestinationFolders::Addition DestinationFolders::add(const QString &folder) {
   }
   bookmarks.append(*bookmark);
   QVariantList names = ostrak::defaultArray(namesKey);
-  names.append(QFileInfo(folder).fileName());
+  names.append(nameOf(folder));
   ostrak::setDefaultArray(bookmarksKey, bookmarks);
   ostrak::setDefaultArray(namesKey, names);
   ostrak::tk->userDefaults().synchronize();

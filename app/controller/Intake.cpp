@@ -8,6 +8,7 @@
 #include "PreferredAudioTrack.h"
 #include "Settings.h"
 #include "Text.h"
+#include "Url.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +41,7 @@ ProbeRun brokenReport(const QString &path, const ostrak::Exception &exception) {
 // On a worker: an error in one file never ends the batch.
 ProbeRun probeGuarded(const Prober &prober, const QString &path, const ProbeSettings &settings) {
   try {
-    const ProbeRun run = prober(QUrl::fromLocalFile(path), settings);
+    const ProbeRun run = prober(ostrak::fileURL(path), settings);
     raiseAlerts(run);
     return run;
   } catch (const ostrak::Exception &exception) {
@@ -110,7 +111,7 @@ void Intake::probeDone(const QString &path, const QString &subtitle, const Probe
 
 void Intake::show(MKVFileInfo record, const QString &subtitle) {
   if (!subtitle.isNull()) {
-    record.subtitleFileURL = QUrl::fromLocalFile(subtitle);
+    record.subtitleFileURL = ostrak::fileURL(subtitle);
     record.informationString.replace(u")"_s, u"+1)"_s);
   }
   m_fileInfo = std::move(record);

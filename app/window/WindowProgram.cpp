@@ -92,6 +92,9 @@ void WindowProgram::connectDesktop() {
 }
 
 void WindowProgram::filesArrived(const QStringList &paths) {
+  // What the window system wants to see before it lets a window come to the front.
+  const QString token = m_desktop.singleInstance.activationToken();
+  if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
   m_window->openMainWindow();
 }
@@ -124,6 +127,8 @@ void WindowProgram::showLauncherProgress() {
 
 void WindowProgram::quitAtOnce() {
   m_quitting = true;
+  // Files of a second start stay with it from here on.
+  m_desktop.singleInstance.setHandler({});
   if (m_window) m_window->keepGeometry();
   m_app.applicationWillTerminate();
   // Not quit(), which asks the windows first, and theirs is the question that was just answered.
