@@ -1,0 +1,314 @@
+#include <unistd.h>
+
+#include <QtTest>
+
+#include "Defaults.h"
+#include "DestinationFolders.h"
+#include "DestinationRoad.h"
+#include "Destinations.h"
+#include "Exceptions.h"
+#include "FakePanels.h"
+#include "Sandbox.h"
+#include "ScratchProgram.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// From an entry of the destination menu to the output's file.
+class TestDestinationRoad final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    m_sandbox = std::make_unique<FakeSandbox>();
+    m_panels = std::make_unique<FakePanels>();
+    m_claimed = std::make_unique<ClaimedNames>();
+    m_answers.clear();
+    registerSettings();
+    make(true);
+  }
+  void cleanup() {
+    m_road.reset();
+    m_folders.reset();
+    m_program.reset();
+  }
+
+  void asksEachTime();
+  void replacesWhatTheUserAgreedTo();
+  void leavesWhatAJobHasClaimed();
+  void cancelledPanelChoosesNothing();
+  void neverOverwritesASource_data();
+  void neverOverwritesASource();
+  void nextToSourceAsksForTheFolderOnce();
+  void nextToSourceOutsideASandbox();
+  void nextToSourceWithoutAnAnswer();
+  void nextToSourceInAnotherFolder();
+  void nextToSourceInABookmarkedFolder();
+  void intoAFolder();
+  void intoAFolderThatIsGone();
+  void separatorsAndCommandChooseNothing_data();
+  void separatorsAndCommandChooseNothing();
+  void addsAFolder_data();
+  void addsAFolder();
+  void cancelledAdditionChangesNothing();
+
+ private:
+  void make(bool sandboxed) {
+    m_sandbox->active = sandboxed;
+    m_road.reset();
+    m_folders = std::make_unique<DestinationFolders>(*m_sandbox);
+    m_road = std::make_unique<DestinationRoad>(*m_folders, *m_panels);
+  }
+  [[nodiscard]] QString file(const QString &name) const {
+    QDir().mkpath(QFileInfo(m_program->path(name)).path());
+    QFile made(m_program->path(name));
+    if (!made.open(QIODevice::WriteOnly)) return {};
+    return made.fileName();
+  }
+  [[nodiscard]] QString folder(const QString &name) const {
+    QDir(m_program->root()).mkpath(name);
+    m_sandbox->granted.insert(m_program->path(name));
+    return m_program->path(name);
+  }
+  void choose(int index, const QString &source, const QString &subtitle = {}) {
+    MKVFileInfo record;
+    record.fileURL = QUrl::fromLocalFile(source);
+    record.fileName = QFileInfo(source).fileName();
+    if (!subtitle.isEmpty()) record.subtitleFileURL = QUrl::fromLocalFile(subtitle);
+    m_road->setMenuIndex(index);
+    m_road->choose(record, *m_claimed, [this](const auto &answer) { m_answers.append(answer); });
+  }
+  [[nodiscard]] QString chosen() const {
+    return m_answers.size() == 1 && m_answers.first() ? m_answers.first()->url.toLocalFile()
+                                                      : QString();
+  }
+  [[nodiscard]] bool choseNothing() const {
+    return m_answers.size() == 1 && !m_answers.first().has_value();
+  }
+  [[nodiscard]] const QList<ostrak::Alert> &told() const {
+    return m_program->presenter().presented;
+  }
+
+  std::unique_ptr<ScratchProgram> m_program;
+  std::unique_ptr<FakeSandbox> m_sandbox;
+  std::unique_ptr<FakePanels> m_panels;
+  std::unique_ptr<ClaimedNames> m_claimed;
+  std::unique_ptr<DestinationFolders> m_folders;
+  std::unique_ptr<DestinationRoad> m_road;
+  QList<std::optional<Destination>> m_answers;
+};
+
+void TestDestinationRoad::asksEachTime() {
+  const QString source = file(u"in/Film.mkv"_s);
+  choose(0, source);
+  QVERIFY(m_answers.isEmpty());
+  QCOMPARE(m_panels->asked.size(), 1);
+  const FakePanels::Asked &asked = m_panels->asked.first();
+  QCOMPARE(asked.what, u"target"_s);
+  QCOMPARE(asked.folder, m_program->path(u"in"_s));
+  QCOMPARE(asked.name, u"Film.m4v"_s);
+  QCOMPARE(asked.extension, u"m4v"_s);
+  QVERIFY(m_panels->reply(m_program->path(u"out.m4v"_s)));
+  QCOMPARE(chosen(), m_program->path(u"out.m4v"_s));
+  QVERIFY(m_answers.first()->replaces);
+  QVERIFY(m_answers.first()->securityURL.isEmpty());
+}
+
+void TestDestinationRoad::replacesWhatTheUserAgreedTo() {
+  const QString there = file(u"out.m4v"_s);
+  choose(0, file(u"Film.mkv"_s));
+  QVERIFY(m_panels->reply(there));
+  QCOMPARE(chosen(), there);
+  QVERIFY(!QFile::exists(there));
+}
+
+void TestDestinationRoad::leavesWhatAJobHasClaimed() {
+  const QString there = file(u"out.m4v"_s);
+  m_claimed->claim(there, file(u"Other.mkv"_s));
+  choose(0, file(u"Film.mkv"_s));
+  QVERIFY(m_panels->reply(there));
+  QCOMPARE(chosen(), there);
+  QVERIFY(QFile::exists(there));
+}
+
+void TestDestinationRoad::cancelledPanelChoosesNothing() {
+  choose(0, file(u"Film.mkv"_s));
+  QVERIFY(m_panels->reply({}));
+  QVERIFY(choseNothing());
+  QVERIFY(told().isEmpty());
+}
+
+void TestDestinationRoad::neverOverwritesASource_data() {
+  QTest::addColumn<QString>("target");
+  QTest::newRow("itself") << u"Film.mkv"_s;
+  QTest::newRow("by another path") << u"in/../Film.mkv"_s;
+  QTest::newRow("by a link") << u"link.m4v"_s;
+  QTest::newRow("by a hard link") << u"hard.m4v"_s;
+  QTest::newRow("its subtitles") << u"Film.srt"_s;
+  QTest::newRow("another job's") << u"Other.mkv"_s;
+}
+
+void TestDestinationRoad::neverOverwritesASource() {
+  QFETCH(const QString, target);
+  (void)folder(u"in"_s);
+  const QString source = file(u"Film.mkv"_s);
+  const QString subtitle = file(u"Film.srt"_s);
+  const QString other = file(u"Other.mkv"_s);
+  m_claimed->claim(m_program->path(u"Other.m4v"_s), other);
+  QVERIFY(QFile::link(source, m_program->path(u"link.m4v"_s)));
+  QCOMPARE(::link(QFile::encodeName(source).constData(),
+                  QFile::encodeName(m_program->path(u"hard.m4v"_s)).constData()),
+           0);
+  choose(0, source, subtitle);
+  QVERIFY(m_panels->reply(m_program->path(target)));
+  QVERIFY(choseNothing());
+  QVERIFY(told().isEmpty());
+  QTRY_COMPARE(told().size(), 1);
+  QCOMPARE(told().first().title, u"Decant"_s);
+  QCOMPARE(told().first().message,
+           u"You've tried to overwrite the source file with the target "
+           "file. Thats the worst idea ever."_s);
+  QCOMPARE(told().first().buttons, QStringList{u"D'oh"_s});
+  for (const QString &kept : {source, subtitle, other, m_program->path(u"hard.m4v"_s)})
+    QVERIFY(QFile::exists(kept));
+}
+
+void TestDestinationRoad::nextToSourceAsksForTheFolderOnce() {
+  const QString source = file(u"in/Film.mkv"_s);
+  choose(1, source);
+  QVERIFY(m_answers.isEmpty());
+  QTRY_COMPARE(m_panels->asked.size(), 1);
+  QCOMPARE(m_panels->asked.first().what, u"folder"_s);
+  QCOMPARE(m_panels->asked.first().over, Panels::Over::MainWindow);
+  QCOMPARE(told().size(), 1);
+  QCOMPARE(told().first().title, u"Decant"_s);
+  QCOMPARE(told().first().message,
+           u"You've chosen the 'Next to' default destination for converted MP4 files. Since "
+           "Apple's SandBox limits access to your files you have to open the folder that contains "
+           "all MKV files that you want to convert"_s);
+  QCOMPARE(told().first().buttons, QStringList{u"OK"_s});
+  QVERIFY(m_panels->reply(m_program->path(u"in"_s)));
+  QCOMPARE(chosen(), m_program->path(u"in/Film.m4v"_s));
+  QVERIFY(m_answers.first()->securityURL.isEmpty());
+  QVERIFY(!m_answers.first()->replaces);
+  m_answers.clear();
+  choose(1, file(u"in/Next.mkv"_s));
+  QCOMPARE(chosen(), m_program->path(u"in/Next.m4v"_s));
+  QCOMPARE(m_panels->asked.size(), 1);
+}
+
+void TestDestinationRoad::nextToSourceOutsideASandbox() {
+  make(false);
+  const QString source = file(u"Film.mkv"_s);
+  (void)file(u"Film.m4v"_s);
+  choose(1, source);
+  QVERIFY(!chosen().isEmpty());
+  QVERIFY(chosen() != m_program->path(u"Film.m4v"_s));
+  QVERIFY(!QFile::exists(chosen()));
+  QCOMPARE(QFileInfo(chosen()).path(), m_program->root());
+  QVERIFY(m_panels->asked.isEmpty());
+}
+
+void TestDestinationRoad::nextToSourceWithoutAnAnswer() {
+  choose(1, file(u"Film.mkv"_s));
+  QTRY_COMPARE(m_panels->asked.size(), 1);
+  QVERIFY(m_panels->reply({}));
+  QVERIFY(choseNothing());
+  QCOMPARE(told().size(), 1);
+}
+
+void TestDestinationRoad::nextToSourceInAnotherFolder() {
+  choose(1, file(u"in/Film.mkv"_s));
+  QTRY_COMPARE(m_panels->asked.size(), 1);
+  QVERIFY(m_panels->reply(folder(u"elsewhere"_s)));
+  QVERIFY(choseNothing());
+  QTRY_COMPARE(told().size(), 2);
+  QCOMPARE(told().last().message, u"You did not seem to select a folder that contains your MKV."_s);
+  QCOMPARE(told().last().buttons, QStringList{u"Cancel"_s});
+}
+
+void TestDestinationRoad::nextToSourceInABookmarkedFolder() {
+  QCOMPARE(m_folders->add(folder(u"kept"_s)), DestinationFolders::Addition::added);
+  make(true);
+  m_folders->checkStored();
+  choose(1, file(u"kept/below/Film.mkv"_s));
+  QCOMPARE(chosen(), m_program->path(u"kept/below/Film.m4v"_s));
+  QCOMPARE(m_answers.first()->securityURL, QUrl::fromLocalFile(m_program->path(u"kept"_s)));
+  QCOMPARE(m_sandbox->open, 1);
+  QVERIFY(m_panels->asked.isEmpty());
+}
+
+void TestDestinationRoad::intoAFolder() {
+  for (const QString &name : {u"one"_s, u"two"_s})
+    QCOMPARE(m_folders->add(folder(name)), DestinationFolders::Addition::added);
+  (void)file(u"two/Film.m4v"_s);
+  choose(4, file(u"Film.mkv"_s));
+  QCOMPARE(QFileInfo(chosen()).path(), m_program->path(u"two"_s));
+  QVERIFY(!QFile::exists(chosen()));
+  QCOMPARE(m_answers.first()->securityURL, QUrl::fromLocalFile(m_program->path(u"two"_s)));
+  QVERIFY(!m_answers.first()->replaces);
+}
+
+void TestDestinationRoad::intoAFolderThatIsGone() {
+  QCOMPARE(m_folders->add(folder(u"gone"_s)), DestinationFolders::Addition::added);
+  QVERIFY(QDir().rmdir(m_program->path(u"gone"_s)));
+  const QString source = file(u"Film.mkv"_s);
+  QVERIFY_THROWS_EXCEPTION(ostrak::Exception, choose(3, source));
+  QVERIFY(m_answers.isEmpty());
+}
+
+void TestDestinationRoad::separatorsAndCommandChooseNothing_data() {
+  QTest::addColumn<int>("index");
+  QTest::newRow("first separator") << 2;
+  QTest::newRow("second separator") << 4;
+  QTest::newRow("command") << 5;
+  QTest::newRow("beyond") << 6;
+}
+
+void TestDestinationRoad::separatorsAndCommandChooseNothing() {
+  QFETCH(const int, index);
+  QCOMPARE(m_folders->add(folder(u"one"_s)), DestinationFolders::Addition::added);
+  choose(index, file(u"Film.mkv"_s));
+  QVERIFY(choseNothing());
+  QVERIFY(m_panels->asked.isEmpty());
+}
+
+void TestDestinationRoad::addsAFolder_data() {
+  QTest::addColumn<Panels::Over>("over");
+  QTest::newRow("main window") << Panels::Over::MainWindow;
+  QTest::newRow("preferences") << Panels::Over::Preferences;
+}
+
+void TestDestinationRoad::addsAFolder() {
+  QFETCH(const Panels::Over, over);
+  QList<Panels::Over> added;
+  connect(m_road.get(), &DestinationRoad::folderAdded, this,
+          [&added](Panels::Over window) { added.append(window); });
+  QSignalSpy refused(m_road.get(), &DestinationRoad::duplicateRefused);
+  m_road->chooseNewDestination(over);
+  QCOMPARE(m_panels->asked.last().over, over);
+  QVERIFY(m_panels->reply(folder(u"one"_s)));
+  QCOMPARE(added, QList{over});
+  m_road->chooseNewDestination(over);
+  QVERIFY(m_panels->reply(m_program->path(u"one"_s)));
+  QCOMPARE(refused.size(), 1);
+  QCOMPARE(added.size(), 1);
+  QTRY_COMPARE(told().size(), 1);
+  QCOMPARE(told().first().message,
+           u"This destination is already bookmarked. You can not add it again."_s);
+  QCOMPARE(told().first().buttons, QStringList{u"D'oh"_s});
+}
+
+void TestDestinationRoad::cancelledAdditionChangesNothing() {
+  QSignalSpy changed(m_folders.get(), &DestinationFolders::changed);
+  m_road->chooseNewDestination(Panels::Over::MainWindow);
+  QVERIFY(m_panels->reply({}));
+  QCOMPARE(changed.size(), 0);
+  QVERIFY(m_folders->names().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestDestinationRoad)
+#include "tst_destinationroad.moc"
