@@ -1,0 +1,161 @@
+#include "WindowBench.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTest>
+
+#include "Defaults.h"
+#include "Ostrak.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+WindowBench::WindowBench() : scenario(program.path(u"bundle/resources/ffmpeg.scenario"_s)) {
+  sandbox.active = false;
+  scenario.conversion(u"slow.mkv"_s).progressAt(10).announce(u"running"_s).wait(u"go"_s);
+  scenario.conversion(u"fail.mkv"_s).exit(1);
+  scenario.conversion(u"hang.mkv"_s).hang();
+  if (!scenario.write()) qFatal("the scenario could not be written");
+  for (const QString &part : {u"ui"_s, u"images"_s}) {
+    const QString shipped = QStringLiteral(DECANT_SOURCE_DIR) + u"/app/resources/"_s + part;
+    if (!QFile::link(shipped, program.library().resDir() + u'/' + part))
+      qFatal("the program's resources could not be linked");
+  }
+}
+
+WindowBench::~WindowBench() {
+  letGo();
+  prober.finishAll();
+  close();
+}
+
+bool WindowBench::open(const QStringList &paths) {
+  m_desktop = std::make_unique<WindowProgram>(services(), DesktopServices{instance, launcher});
+  ostrak::setAlertPresenter(&program.presenter());
+  return m_desktop->open(paths);
+}
+
+void WindowBench::close() {
+  m_desktop.reset();
+  ostrak::setAlertPresenter(&program.presenter());
+}
+
+AppServices WindowBench::services() {
+  const JobServices jobs{
+      sleepInhibitor, notifier, revealer, program.opener(),   program.keyboard(),
+      volumes,        clock,    sandbox,  program.toolPath(), ostrak::tk->docDir()};
+  return {jobs, trashCan, {u"eng"_s}, [this] { ++quits; }, prober.function()};
+}
+
+QString WindowBench::movie(const QString &name) const {
+  QDir().mkpath(QFileInfo(path(name)).path());
+  QFile file(path(name));
+  if (!file.open(QIODevice::WriteOnly) || file.write("a movie") < 0) return {};
+  return file.fileName();
+}
+
+QString WindowBench::folder(const QString &name) const {
+  QDir(program.root()).mkpath(name);
+  return path(name);
+}
+
+QStringList WindowBench::names() {
+  QStringList found;
+  for (const ConversionJob *job : queue().taskArray())
+    found.append(job->fileInfo().fileName);
+  return found;
+}
+
+bool WindowBench::click(const QString &name) {
+  auto *button = find<QAbstractButton>(name);
+  if (!button || !button->isVisible() || !button->isEnabled()) return false;
+  // Check boxes and radio buttons are hit on their mark only.
+  QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+  return true;
+}
+
+bool WindowBench::trigger(const QString &name) {
+  auto *action = find<QAction>(name);
+  if (!action || !action->isEnabled()) return false;
+  action->trigger();
+  return true;
+}
+
+bool WindowBench::pick(const QString &name, int index) {
+  auto *menu = find<QComboBox>(name);
+  if (!menu || !menu->isEnabled() || index < 0 || index >= menu->count()) return false;
+  menu->setCurrentIndex(index);
+  Q_EMIT menu->activated(index);
+  return true;
+}
+
+bool WindowBench::drop(const QStringList &paths) {
+  QMimeData files;
+  QList<QUrl> urls;
+  for (const QString &each : paths)
+    urls.append(QUrl::fromLocalFile(each));
+  files.setUrls(urls);
+  const QPoint place = window().rect().center();
+  QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&window(), &enter);
+  if (!enter.isAccepted()) return false;
+  QDropEvent dropped(place, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&window(), &dropped);
+  return dropped.isAccepted() && dropped.dropAction() == Qt::CopyAction;
+}
+
+bool WindowBench::show(const QString &name) {
+  intake().openFiles({movie(name)});
+  return QTest::qWaitFor([&] { return intake().state() == Intake::State::Showing; });
+}
+
+bool WindowBench::queueUp(const QStringList &names) {
+  ostrak::setDefaultInt(u"AutoAdd"_s, 1);
+  ostrak::setDefaultInt(u"DefaultDestination"_s, 1);
+  ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
+  QStringList paths;
+  for (const QString &name : names)
+    paths.append(movie(name));
+  intake().openFiles(paths);
+  const bool drained = QTest::qWaitFor([&] { return intake().isIdle(); });
+  ostrak::setDefaultInt(u"AutoAdd"_s, 0);
+  return drained;
+}
+
+QFileDialog *WindowBench::panel() {
+  for (QWidget *each : QApplication::topLevelWidgets()) {
+    auto *dialog = qobject_cast<QFileDialog *>(each);
+    if (dialog && dialog->isVisible()) return dialog;
+  }
+  return nullptr;
+}
+
+bool WindowBench::answerPanel(const QString &path) {
+  if (!QTest::qWaitFor([&] { return panel() != nullptr; })) return false;
+  QFileDialog &dialog = *panel();
+  dialog.setDirectory(QFileInfo(path).path());
+  dialog.selectFile(path);
+  Q_EMIT dialog.fileSelected(path);
+  static_cast<QDialog &>(dialog).done(QDialog::Accepted);
+  return QTest::qWaitFor([&] { return panel() == nullptr; });
+}
+
+bool WindowBench::cancelPanel() {
+  if (!QTest::qWaitFor([&] { return panel() != nullptr; })) return false;
+  QTest::keyClick(panel(), Qt::Key_Escape);
+  return QTest::qWaitFor([&] { return panel() == nullptr; });
+}
+
+QStringList WindowBench::told() {
+  QStringList messages;
+  for (const ostrak::Alert &alert : std::as_const(presented()))
+    messages.append(alert.message);
+  return messages;
+}
