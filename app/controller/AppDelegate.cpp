@@ -14,6 +14,7 @@
 #include "Settings.h"
 #include "Text.h"
 #include "Url.h"
+#include "WindowTexts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -203,16 +204,12 @@ void AppDelegate::updateWindowTitle() {
 }
 
 QString AppDelegate::windowTitle() const {
-  const QString status = m_queue.paused() ? localized(u" (Paused)"_s) : u" "_s;
-  const qsizetype jobs = m_queue.taskArray().size();
-  const QString counts = jobs == 0 ? u""_s
-                                   : makeString(localized(u" [%li Job(s), %li Queued]"_s), jobs,
-                                                jobCountWithState(JobStateQueued));
-  return makeString(u"%@%@%@"_s, tk->appName(), status, counts);
+  return windowTitleText(m_queue.paused(), m_queue.taskArray().size(),
+                         jobCountWithState(JobStateQueued));
 }
 
 QString AppDelegate::addButtonTitle() const {
-  return m_queue.paused() ? localized(u"Add to Queue"_s) : localized(u"Start Conversion"_s);
+  return addButtonText(m_queue.paused());
 }
 
 bool AppDelegate::applicationShouldTerminate() {

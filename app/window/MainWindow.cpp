@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QStackedWidget>
 
+#include "Alerts.h"
 #include "AppDelegate.h"
 #include "Defaults.h"
 #include "DestinationFolders.h"
@@ -26,6 +27,7 @@
 #include "Text.h"
 #include "ThemeIcon.h"
 #include "WindowPanels.h"
+#include "WindowTexts.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::localized;
@@ -141,6 +143,7 @@ void MainWindow::connectMenus() {
   on(u"helpAction"_s, [this] { Q_EMIT documentationWanted(-1); });
   on(u"helpStylesAction"_s, [this] { Q_EMIT documentationWanted(1); });
   on(u"helpDevicesAction"_s, [this] { Q_EMIT documentationWanted(3); });
+  on(u"aboutAction"_s, [this] { tellAbout(); });
   on(u"promotionAction"_s, [this] { Q_EMIT promotionWanted(); });
 
   // The tag of each entry is the choice that it opens; without its key in the bundle it leads
@@ -164,6 +167,14 @@ void MainWindow::connectMenus() {
     entry.setEnabled(!tk->infoValue(QString::fromLatin1(link.key)).isNull());
     connect(&entry, &QAction::triggered, this, [&entry] { tk->openURL(entry.data().toInt()); });
   }
+}
+
+void MainWindow::tellAbout() {
+  const QString text = versionText() + u'\n' + buildText() + u"\n\n"_s +
+                       localized(
+                           u"Pours movies into MP4 files that play everywhere. The work is "
+                           "done by ffmpeg, which has licences of its own."_s);
+  ostrak::alert_apptitled(text, localized(u"OK"_s));
 }
 
 void MainWindow::connectDestinations() {

@@ -73,6 +73,7 @@ class MainWindow final : public QMainWindow {
   void showEmptyOrList();
   void showDropPlace(bool shown);
   void addClicked();
+  void tellAbout();
   void paste();
   [[nodiscard]] QAction &action(const QString &name);
 

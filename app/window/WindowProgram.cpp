@@ -56,6 +56,10 @@ bool WindowProgram::open(const QStringList &paths) {
   m_window = MainWindow::load({m_app, m_folders, m_road, m_panels, m_binder});
   if (!m_window) return false;
   connect(m_window.get(), &MainWindow::quitWanted, this, &WindowProgram::quit);
+  connect(m_window.get(), &MainWindow::documentationWanted, &m_auxiliary,
+          &AuxiliaryWindows::openDocumentationWindow);
+  connect(m_window.get(), &MainWindow::promotionWanted, &m_auxiliary,
+          &AuxiliaryWindows::openPromotion);
   connectDesktop();
   m_window->show();
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
@@ -130,6 +134,7 @@ void WindowProgram::quitAtOnce() {
   // Files of a second start stay with it from here on.
   m_desktop.singleInstance.setHandler({});
   if (m_window) m_window->keepGeometry();
+  m_auxiliary.closeAll();
   m_app.applicationWillTerminate();
   // Not quit(), which asks the windows first, and theirs is the question that was just answered.
   QCoreApplication::exit();

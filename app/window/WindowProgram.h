@@ -6,6 +6,7 @@
 
 #include "AlertDialog.h"
 #include "AppDelegate.h"
+#include "AuxiliaryWindows.h"
 #include "DestinationFolders.h"
 #include "DestinationRoad.h"
 #include "MainWindow.h"
@@ -41,6 +42,7 @@ class WindowProgram final : public QObject {
   void quitAtOnce();
 
   [[nodiscard]] AppDelegate &app() { return m_app; }
+  [[nodiscard]] AuxiliaryWindows &auxiliary() { return m_auxiliary; }
   [[nodiscard]] MainWindow *window() { return m_window.get(); }
 
  private:
@@ -60,6 +62,7 @@ class WindowProgram final : public QObject {
   AppDelegate m_app;
   SettingBinder m_binder;
   std::unique_ptr<MainWindow> m_window;
+  AuxiliaryWindows m_auxiliary;
   bool m_quitting = false;
 };
 

@@ -4,6 +4,83 @@
 <context>
     <name>decant</name>
     <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Documentation</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Getting Started</source>
+        <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Drop movies on the window, or press Add. Each is looked into and shown at the top: choose the sound that you want to hear and the place where the new file goes, then start its conversion.
+
+The others wait in the queue and are converted one after the other. Pause stops the running conversion where it is; the arrow in a row shows the new file, or says why a conversion failed.
+
+Your movies are never changed. They are only disposed of when you ask for that in the preferences, and only after the new file has been checked.</source>
+        <translation>Filme auf das Fenster ziehen oder „Hinzufügen“ drücken. Jeder wird untersucht und oben gezeigt: den gewünschten Ton und das Ziel der neuen Datei wählen, dann die Umwandlung starten.
+
+Die anderen warten in der Warteschlange und werden nacheinander umgewandelt. „Anhalten“ hält die laufende Umwandlung an, wo sie ist; der Pfeil in einer Zeile zeigt die neue Datei oder sagt, warum eine Umwandlung gescheitert ist.
+
+Die Filme selbst werden nie verändert. Entfernt werden sie nur, wenn die Einstellungen es verlangen, und erst, nachdem die neue Datei geprüft ist.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Styles</source>
+        <translation>Umwandlungsarten</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Plays Everywhere makes the sound stereo AAC, which every phone, tablet, console and television plays.
+
+High Speed &amp; Quality copies sound that an MP4 file can hold. That takes seconds and loses nothing, but some devices play AC3 only through an amplifier.
+
+Custom decides for each kind of sound by itself.
+
+The video is copied as it is, whatever the style.</source>
+        <translation>„Läuft überall“ macht aus dem Ton Stereo-AAC, das jedes Telefon, Tablet, jede Konsole und jeder Fernseher abspielt.
+
+„Schnell und hochwertig“ kopiert Ton, den eine MP4-Datei aufnehmen kann. Das dauert Sekunden und verliert nichts, aber manche Geräte spielen AC3 nur über einen Verstärker.
+
+„Benutzerdefiniert“ entscheidet für jede Art von Ton einzeln.
+
+Das Bild wird immer kopiert, wie es ist.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Sound and Subtitles</source>
+        <translation>Ton und Untertitel</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>One sound track goes into the new file. Decant suggests the first one in your languages; the menu in the window offers the others. A surround track can be kept beside it.
+
+A subtitle file that lies beside a movie and begins with its name goes with it when both are dropped together. Text subtitles inside the movie can be kept, too; pictures of text can't.</source>
+        <translation>In die neue Datei kommt eine Tonspur. Decant schlägt die erste in den eigenen Sprachen vor; das Menü im Fenster bietet die anderen an. Eine Raumklangspur kann daneben behalten werden.
+
+Eine Untertiteldatei, deren Name mit dem des Films beginnt, kommt mit, wenn beide zusammen abgelegt werden. Auch Text-Untertitel im Film selbst können behalten werden; Bilder von Text nicht.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>What Plays Where</source>
+        <translation>Was läuft wo</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>H.264 video with AAC sound plays on practically every device that plays video files.
+
+H.265 video needs a device made after about 2015. AC3 sound plays on televisions, set-top boxes and most players on computers, and not on every phone.
+
+Files named .m4v are opened by the video program on Apple devices; some televisions only list .mp4. The preferences let you choose.</source>
+        <translation>H.264-Video mit AAC-Ton läuft auf praktisch jedem Gerät, das Videodateien abspielt.
+
+H.265-Video braucht ein Gerät, das nach etwa 2015 gebaut ist. AC3-Ton läuft auf Fernsehern, Zuspielern und den meisten Programmen auf Rechnern, aber nicht auf jedem Telefon.
+
+Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche Fernseher zeigen nur .mp4 an. Die Einstellungen lassen die Wahl.</translation>
+    </message>
+    <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>Decant</source>
         <translation>Decant</translation>
@@ -1044,6 +1121,28 @@
         <translation>Für jeden Film wird die Tonspur in dieser Sprache vorgeschlagen, AAC zuerst.</translation>
     </message>
     <message>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
+        <source>More About Decant</source>
+        <translation>Mehr über Decant</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
+        <source>Decant does more than one movie at a time: drop a whole season, and it works through the night.
+
+It names the sound by your languages, keeps subtitles that lie beside a movie, and can put the new files straight into the folder that your television reads.
+
+It works without its window as well: decant convert in a terminal takes whole folders.
+
+If it serves you well, tell somebody.</source>
+        <translation>Decant kann mehr als einen Film: eine ganze Staffel ablegen, und es arbeitet die Nacht durch.
+
+Es wählt den Ton nach den eigenen Sprachen, behält Untertitel, die neben einem Film liegen, und legt die neuen Dateien auf Wunsch gleich in den Ordner, den der Fernseher liest.
+
+Es geht auch ohne Fenster: decant convert nimmt im Terminal ganze Ordner.
+
+Wer zufrieden ist, darf es weitersagen.</translation>
+    </message>
+    <message>
         <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <source>Information</source>
@@ -1058,6 +1157,7 @@
         <location filename="../../../app/conversion/ConversionJob.cpp"/>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <location filename="../../../app/probe/ProbeAlerts.cpp"/>
+        <location filename="../../../app/window/MainWindow.cpp"/>
         <location filename="../../../app/window/WindowProgram.cpp"/>
         <source>OK</source>
         <translation>OK</translation>
@@ -1651,6 +1751,16 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
     </message>
     <message>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <source>Version:</source>
+        <translation>Version:</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <source>Build:</source>
+        <translation>Build:</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/AppDelegate.cpp"/>
         <source>Conversion is in progresss. Are you sure you want to quit?</source>
         <translation>Die Umwandlung läuft noch. Wirklich beenden?</translation>
     </message>
@@ -2061,6 +2171,11 @@ Ausgabe des Befehls: %@</translation>
         <location filename="../../../app/window/JobListView.cpp"/>
         <source>Take this conversion off the list</source>
         <translation>Diese Umwandlung aus der Liste nehmen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/MainWindow.cpp"/>
+        <source>Pours movies into MP4 files that play everywhere. The work is done by ffmpeg, which has licences of its own.</source>
+        <translation>Gießt Filme in MP4-Dateien um, die überall laufen. Die Arbeit macht ffmpeg, das eigene Lizenzen hat.</translation>
     </message>
     <message>
         <location filename="../../../app/window/MainWindow.cpp"/>

@@ -1,0 +1,45 @@
+#include "AuxiliaryWindows.h"
+
+#include <QTabWidget>
+
+#include "InterfaceFile.h"
+#include "ViewSearch.h"
+
+using namespace Qt::StringLiterals;
+
+namespace decant {
+
+AuxiliaryWindows::AuxiliaryWindows(QObject *parent) : QObject(parent) {}
+
+AuxiliaryWindows::~AuxiliaryWindows() {
+  closeAll();
+}
+
+void AuxiliaryWindows::openDocumentationWindow(int tag) {
+  openWindow(m_documentationWindow, u"DocumentationWindow"_s);
+  if (tag < 0 || !m_documentationWindow) return;
+  if (auto *tabs = ostrak::viewWithClass<QTabWidget>(*m_documentationWindow))
+    tabs->setCurrentIndex(tag);
+}
+
+void AuxiliaryWindows::openPromotion() {
+  openWindow(m_promotionWindow, u"PromotionWindow"_s);
+}
+
+void AuxiliaryWindows::closeAll() {
+  delete m_documentationWindow;
+  delete m_promotionWindow;
+}
+
+void AuxiliaryWindows::openWindow(QPointer<QWidget> &window, const QString &nibName) {
+  if (!window) {
+    window = ostrak::loadInterface(nibName);
+    if (!window) return;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
+
+}  // namespace decant
