@@ -116,9 +116,16 @@ void FilePanel::showPanel(bool shown) {
   m_slide->start();
 }
 
-void FilePanel::changeEvent(QEvent *event) {
-  QFrame::changeEvent(event);
-  if (event->type() == QEvent::FontChange && m_shown) setFixedHeight(wantedHeight());
+bool FilePanel::event(QEvent *event) {
+  const bool done = QFrame::event(event);
+  // Another font, or texts that need more room.
+  if (event->type() == QEvent::LayoutRequest && m_shown) {
+    if (m_slide->state() == QAbstractAnimation::Running)
+      m_slide->setEndValue(wantedHeight());
+    else
+      setFixedHeight(wantedHeight());
+  }
+  return done;
 }
 
 }  // namespace decant

@@ -43,7 +43,7 @@ class FilePanel final : public QFrame {
   void addClicked();
 
  protected:
-  void changeEvent(QEvent *event) override;
+  bool event(QEvent *event) override;
 
  private:
   void update();

@@ -2,7 +2,6 @@
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QStackedWidget>
@@ -10,6 +9,7 @@
 
 #include "AppDelegate.h"
 #include "MainWindow.h"
+#include "SortedFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +42,7 @@ QStringList pathsOfText(const QString &text) {
 
 bool holdsMovie(const QStringList &paths) {
   for (const QString &path : paths) {
-    if (movieFileTypes().contains(QFileInfo(path).suffix().toLower())) return true;
+    if (movieFileTypes().contains(lowerExtension(path))) return true;
   }
   return false;
 }

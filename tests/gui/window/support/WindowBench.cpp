@@ -39,7 +39,7 @@ WindowBench::~WindowBench() {
 bool WindowBench::open(const QStringList &paths) {
   m_desktop = std::make_unique<WindowProgram>(services(), DesktopServices{instance, launcher});
   ostrak::setAlertPresenter(&program.presenter());
-  return m_desktop->open(paths);
+  return m_desktop->open(paths) && QTest::qWaitForWindowActive(&window());
 }
 
 void WindowBench::close() {
