@@ -36,11 +36,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QtMessageHandler messageLog = nullptr;
+bool displayAnswered = false;
 
 // A display that is named but does not answer ends the program inside the toolkit: this says so in
 // a sentence first.
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message) {
-  if (type == QtFatalMsg && !QCoreApplication::instance()) {
+  if (type == QtFatalMsg && !displayAnswered) {
     decant::DescriptorSink error(STDERR_FILENO);
     decant::writeErrorLine(
         error,
@@ -129,6 +130,7 @@ int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
   QApplication::setDesktopFileName(u"org.decant.Decant"_s);
   const QVariantMap platformData = RealSingleInstance::platformDataOfProcess();
   const ostrak::GuardedApplication<QApplication> application(argc, argv);
+  displayAnswered = true;
   ProcessServices services;
   const QString name = services.setup.info.value(u"CFBundleName"_s).toString();
   const QString identifier = services.setup.info.value(u"CFBundleIdentifier"_s).toString();
