@@ -35,6 +35,7 @@ class WindowCase(unittest.TestCase):
         self.addCleanup(self.program.close)
         self.addCleanup(self.tell_if_failed)
         self.program.set(DefaultDestination=NEXT_TO_SOURCE)
+        self.program.scenario("")
 
     def tell_if_failed(self):
         outcome = self._outcome.result
@@ -46,7 +47,12 @@ class WindowCase(unittest.TestCase):
         self.program.start(*files, **environment)
         self.screen = Screen(self.desktop, self.program.process.pid)
         self.screen.find("frame", "Decant.*")
+        window = self.wait(lambda: self.windows("^Decant"), "the window")[0]
+        self.screen.xdotool("windowactivate", "--sync", window)
         return self.screen
+
+    def windows(self, title):
+        return self.desktop.windows(title, self.program.process.pid)
 
     def wait(self, condition, what):
         return until(condition, lambda: f"{what}, in\n{self.screen.picture()}")

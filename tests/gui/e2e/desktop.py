@@ -117,9 +117,10 @@ class Desktop:
         assert told == b"ready\n", (self.folder / "python3.log").read_text()
         return service, log
 
-    def windows(self, title):
-        """Numbers of the windows shown whose title matches."""
-        return self.run("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
+    def windows(self, title, pid):
+        """Numbers of the windows that a process shows and whose title matches."""
+        return self.run("xdotool", "search", "--all", "--onlyvisible", "--pid", str(pid),
+                        "--name", title).decode().split()
 
     def close(self):
         for process in reversed(self.processes):

@@ -24,16 +24,16 @@ class ConvertRoads(WindowCase):
         self.addCleanup(source.stdout.close)
         self.addCleanup(source.wait)
         self.addCleanup(source.kill)
-        window = until(lambda: self.desktop.windows("^dragsource$"), "the window to drag from")[0]
+        window = until(lambda: self.desktop.windows("^dragsource$", source.pid), "the window to drag from")[0]
         until(lambda: "Position: 10" in self.desktop.run("xdotool", "getwindowgeometry", window).decode(),
               "that window in its place")
         x, y, width, height = self.screen.resting_place(self.screen.find("frame", "Decant.*"))
-        self.screen.xdotool("mousemove", "--sync", 1150, 90, "mousedown", 1)
+        self.screen.xdotool("mousemove", 1150, 90, "mousedown", 1)
         for step in range(1, 6):
-            self.screen.xdotool("mousemove", "--sync", 1150 - step * 30, 90 + step * 10)
+            self.screen.xdotool("mousemove", 1150 - step * 30, 90 + step * 10)
         # Moves until the window has answered: what is said before the drag has begun is lost.
-        self.screen.xdotool("mousemove", "--sync", x + width // 2, y + height // 2)
-        self.screen.xdotool("mousemove", "--sync", x + width // 2 + 5, y + height // 2 + 5)
+        self.screen.xdotool("mousemove", x + width // 2, y + height // 2)
+        self.screen.xdotool("mousemove", x + width // 2 + 5, y + height // 2 + 5)
         answer = source.stdout.readline().strip()
         self.screen.xdotool("mouseup", 1)
         end = next(line.strip() for line in source.stdout if line.strip() in ("copied", "ignored"))

@@ -39,7 +39,7 @@ class Screen:
         yield node
         for index in range(node.get_child_count()):
             child = node.get_child_at_index(index)
-            if child and (not shown or self.has(child, "SHOWING") or self.has(child, "SELECTABLE")):
+            if child and (not shown or self.has(child, "SHOWING")):
                 yield from self.walk(child, shown)
 
     def has(self, node, state):
@@ -55,6 +55,20 @@ class Screen:
     def find(self, role, name, below=None):
         """The same, waited for."""
         return until(lambda: self.look(role, name, below), lambda: f"{role} '{name}' in\n{self.picture()}")
+
+    def labels(self, node):
+        """The names of the labels that stand for a control; a combo box is named by nothing else."""
+        relations = [relation for relation in node.get_relation_set()
+                     if relation.get_relation_type() == self.atspi.RelationType.LABELLED_BY]
+        return [relation.get_target(index).get_name()
+                for relation in relations for index in range(relation.get_n_targets())]
+
+    def find_labelled(self, role, label):
+        """The control of that role that such a label stands for, waited for."""
+        def look():
+            return next((node for node in self.walk()
+                         if node.get_role_name() == role and label in self.labels(node)), None)
+        return until(look, lambda: f"{role} labelled '{label}' in\n{self.picture()}")
 
     def gone(self, role, name):
         until(lambda: not self.look(role, name), lambda: f"{role} '{name}' to go, in\n{self.picture()}")
@@ -99,7 +113,7 @@ class Screen:
         self.click_at(x + width // 2, y + height // 2)
 
     def click_at(self, x, y, button=1):
-        self.xdotool("mousemove", "--sync", x, y, "click", button)
+        self.xdotool("mousemove", x, y, "click", button)
 
     def press(self, *keys):
         self.xdotool("key", "--clearmodifiers", *keys)
