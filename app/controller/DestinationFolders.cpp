@@ -109,6 +109,7 @@ void DestinationFolders::removeAt(qsizetype index) {
   if (index < 0 || index >= names().size()) return;
   dropEntries([index](qsizetype i) { return i == index; });
   ostrak::setDefaultInt(defaultKey, defaultAfterRemoval(ostrak::defaultInt(defaultKey), index));
+  Q_EMIT removed(index);
   Q_EMIT changed();
 }
 

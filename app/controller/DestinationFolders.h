@@ -48,6 +48,8 @@ class DestinationFolders final : public QObject {
 
  Q_SIGNALS:
   void changed();
+  // The user took the folder at `index` off the list; `changed` follows.
+  void removed(qsizetype index);
 
  private:
   Sandbox &m_sandbox;

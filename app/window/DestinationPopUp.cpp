@@ -12,12 +12,20 @@ namespace decant {
 DestinationPopUp::DestinationPopUp(QComboBox &menu, DestinationFolders &folders, QObject *parent)
     : QObject(parent), m_menu(menu), m_folders(folders) {
   connect(&menu, &QComboBox::activated, this, &DestinationPopUp::activated);
+  connect(&folders, &DestinationFolders::removed, this, [this](qsizetype folder) {
+    m_selected = static_cast<int>(defaultAfterRemoval(m_selected, folder));
+  });
+  connect(&folders, &DestinationFolders::changed, this, [this] { fill(m_selected); });
   rebuild();
 }
 
 DestinationPopUp::~DestinationPopUp() = default;
 
 void DestinationPopUp::rebuild() {
+  fill(static_cast<int>(settingInt("DefaultDestination")));
+}
+
+void DestinationPopUp::fill(int index) {
   const QSignalBlocker blocker(m_menu);
   m_menu.clear();
   for (const DestinationMenuItem &item : destinationMenu(m_folders.names())) {
@@ -27,7 +35,7 @@ void DestinationPopUp::rebuild() {
       m_menu.addItem(item.title);
     }
   }
-  select(static_cast<int>(settingInt("DefaultDestination")));
+  select(index);
 }
 
 void DestinationPopUp::select(int index) {

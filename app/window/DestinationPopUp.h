@@ -9,7 +9,7 @@ namespace decant {
 class DestinationFolders;
 
 // Fills one of the two destination menus and tells what the user picks. The command to add a folder
-// never stays selected. Main thread.
+// never stays selected, and what is selected stays so when folders come and go. Main thread.
 class DestinationPopUp final : public QObject {
   Q_OBJECT
 
@@ -32,6 +32,7 @@ class DestinationPopUp final : public QObject {
 
  private:
   void activated(int index);
+  void fill(int index);
 
   QComboBox &m_menu;
   DestinationFolders &m_folders;

@@ -185,16 +185,21 @@ void MainWindow::connectDestinations() {
   m_destinations->rebuild();
   connect(&m_parts->app, &AppDelegate::rebuildDestinationPopUp, m_destinations,
           &DestinationPopUp::rebuild);
-  connect(&m_parts->folders, &DestinationFolders::changed, m_destinations,
-          &DestinationPopUp::rebuild);
   connect(m_destinations, &DestinationPopUp::addFolderWanted, this,
           [this] { m_parts->road.chooseNewDestination(Panels::Over::MainWindow); });
   connect(&m_parts->road, &DestinationRoad::folderAdded, this, [this](Panels::Over over) {
     const int added = m_filePanel->destinationPopUp().count() - 3;
-    if (over == Panels::Over::MainWindow) m_destinations->select(added);
+    if (over == Panels::Over::MainWindow) {
+      m_destinations->select(added);
+    } else {
+      ostrak::setDefaultInt(u"DefaultDestination"_s, added);
+      if (m_preferences) m_preferences->destinations().rebuild();
+    }
   });
-  connect(&m_parts->road, &DestinationRoad::duplicateRefused, this,
-          [this] { m_destinations->select(0); });
+  connect(&m_parts->road, &DestinationRoad::duplicateRefused, this, [this] {
+    m_destinations->select(0);
+    if (m_preferences) m_preferences->destinations().select(0);
+  });
   connect(m_filePanel, &FilePanel::addClicked, this, &MainWindow::addToQueue);
 }
 

@@ -1,6 +1,7 @@
 #include "WindowBench.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
@@ -8,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
 
@@ -140,9 +142,11 @@ QFileDialog *WindowBench::panel() {
 bool WindowBench::answerPanel(const QString &path) {
   if (!QTest::qWaitFor([&] { return panel() != nullptr; })) return false;
   QFileDialog &dialog = *panel();
-  dialog.setDirectory(QFileInfo(path).path());
-  dialog.selectFile(path);
-  Q_EMIT dialog.fileSelected(path);
+  auto *name = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+  if (!name) return false;
+  for (QAbstractItemView *list : dialog.findChildren<QAbstractItemView *>())
+    if (list->selectionModel()) list->clearSelection();
+  name->setText(path);
   static_cast<QDialog &>(dialog).done(QDialog::Accepted);
   return QTest::qWaitFor([&] { return panel() == nullptr; });
 }
@@ -151,6 +155,18 @@ bool WindowBench::cancelPanel() {
   if (!QTest::qWaitFor([&] { return panel() != nullptr; })) return false;
   QTest::keyClick(panel(), Qt::Key_Escape);
   return QTest::qWaitFor([&] { return panel() == nullptr; });
+}
+
+bool WindowBench::addFolder(const QString &menuName, const QString &folderName) {
+  auto *menu = find<QComboBox>(menuName);
+  return menu && pick(menuName, menu->count() - 1) && answerPanel(folder(folderName));
+}
+
+bool WindowBench::addThreeFolders() {
+  if (!trigger(u"preferencesAction"_s)) return false;
+  for (const QString &name : {u"a"_s, u"b"_s, u"c"_s})
+    if (!addFolder(u"preferencesDestinationPopUp"_s, name)) return false;
+  return true;
 }
 
 QStringList WindowBench::told() {

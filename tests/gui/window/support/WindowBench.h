@@ -76,6 +76,10 @@ class WindowBench final {
   // Answers it with this path, or cancels it; false when none comes up.
   bool answerPanel(const QString &path);
   bool cancelPanel();
+  // Adds a folder by the command of the menu of this name; three of them, "a", "b" and "c", by that
+  // of the preferences, which open for it.
+  [[nodiscard]] bool addFolder(const QString &menuName, const QString &folderName);
+  [[nodiscard]] bool addThreeFolders();
 
   void letGo() const { (void)scenario.release(QStringLiteral("go")); }
   [[nodiscard]] QList<ostrak::Alert> &presented() { return program.presenter().presented; }
