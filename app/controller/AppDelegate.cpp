@@ -7,10 +7,12 @@
 
 #include "Alerts.h"
 #include "Defaults.h"
+#include "Exceptions.h"
 #include "Format.h"
 #include "LaunchFixups.h"
 #include "Ostrak.h"
 #include "ProgressFiles.h"
+#include "Sandbox.h"
 #include "Settings.h"
 #include "Text.h"
 #include "Url.h"
@@ -78,7 +80,7 @@ std::unique_ptr<ConversionJob> AppDelegate::makeJob(const QUrl &destination) {
   return job;
 }
 
-std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
+std::optional<Admission> AppDelegate::addToQueue() {
   if (!m_intake.fileInfo()) return {};
   if (m_intake.state() == Intake::State::Asking) return {};
   // The answer may come long after this has returned.
@@ -98,51 +100,24 @@ std::optional<AppDelegate::Admission> AppDelegate::addToQueue() {
   return *admission;
 }
 
-std::optional<AppDelegate::Admission> AppDelegate::addShownTo(const Destination &destination) {
+std::optional<Admission> AppDelegate::addShownTo(const Destination &destination) {
   std::unique_ptr<ConversionJob> job = makeJob(destination.url);
-  if (!job) return {};
+  if (!job) {
+    const QString granted = destination.securityURL.toLocalFile();
+    if (!granted.isEmpty()) m_services.jobs.sandbox.stopAccess(granted);
+    return {};
+  }
   job->setReplacesDestination(destination.replaces);
   job->setSecurityURL(destination.securityURL);
   return addJob(std::move(job));
 }
 
-AppDelegate::Admission AppDelegate::admissionOf(ConversionJob &job,
-                                                ClaimedNames::Files &files) const {
-  const QString source = job.fileInfo().fileURL.toLocalFile();
-  const QString subtitle = job.fileInfo().subtitleFileURL.toLocalFile();
-  QString destination = destinationPath(job);
-  files = ClaimedNames::look(destination, source, subtitle);
-  if (m_claimed.isSourceName(files)) return Admission::destinationIsSource;
-  if (m_claimed.isClaimed(files)) {
-    destination = m_claimed.uniqueName(destination);
-    job.setDestinationURL(ostrak::fileURL(destination));
-    files = ClaimedNames::look(destination, source, subtitle);
-  }
-  // Where a file can be made there was none, so it was nobody's source by another name.
-  if (ostrak::isWriteablePath(destination)) return Admission::added;
-  return ostrak::isSameFile(source, destination) || ostrak::isSameFile(subtitle, destination) ||
-                 m_claimed.isSource(destination)
-             ? Admission::destinationIsSource
-             : Admission::notWritable;
-}
-
-AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
+Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
   ClaimedNames::Files files;
-  const Admission admission = admissionOf(*job, files);
-  if (admission == Admission::notWritable) {
-    refuse(
-        *job,
-        localized(u"You don't seem to have write access to the selected destinatation or it is a "
-                  "read-only filesystem. Please choose another destination."_s),
-        localized(u"OK"_s));
-    return admission;
-  }
-  if (admission == Admission::destinationIsSource) {
-    refuse(*job,
-           localized(
-               u"You've tried to overwrite the source file with the target file. Thats the worst "
-               "idea ever."_s),
-           localized(u"D'oh"_s));
+  const Admission admission = admissionOf(*job, m_claimed, files);
+  if (admission != Admission::added) {
+    ostrak::postAlert(refusalAlert(*job, admission));
+    leaveShown();
     return admission;
   }
   const ConversionJob *tried = nullptr;
@@ -166,24 +141,27 @@ AppDelegate::Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
   return admission;
 }
 
-void AppDelegate::refuse(const ConversionJob &job, const QString &message, const QString &button) {
-  ostrak::Alert alert = ostrak::apptitledAlert(message, {button});
-  alert.subject = job.fileInfo().fileURL.toLocalFile();
-  ostrak::postAlert(alert);
-  leaveShown();
-}
-
 // A record can be queued, or refused, once more while intake is at the next file already; that one
 // is not to be lost with it.
 void AppDelegate::leaveShown() {
   if (!m_intake.isScanning()) m_intake.cancelAdd();
 }
 
+// A destination that is gone is told, and the record stays shown; what is queued goes on.
+bool AppDelegate::addAutomatically() {
+  try {
+    return addToQueue().has_value();
+  } catch (const ostrak::Exception &exception) {
+    ostrak::postFeedback(exception.name(), exception.reason());
+    return false;
+  }
+}
+
 // Nothing waits behind the last record, and the user may look at it for hours: what is queued does
 // not wait for that.
 void AppDelegate::recordShown() {
   Q_EMIT rebuildDestinationPopUp();
-  if (settingBool("AutoAdd") && addToQueue()) return;
+  if (settingBool("AutoAdd") && addAutomatically()) return;
   if (m_intake.importFiles().isEmpty()) m_queue.startNextJobInQueue();
 }
 

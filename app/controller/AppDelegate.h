@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "Admission.h"
 #include "ConversionJob.h"
 #include "Destination.h"
 #include "Destinations.h"
@@ -58,7 +59,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   [[nodiscard]] std::unique_ptr<ConversionJob> makeJob(const QUrl &destination);
   // Admits a job. One whose destination is not writable, or is a source, is dropped and the user
   // told. A destination that another job has claimed is made unique.
-  enum class Admission { added, notWritable, destinationIsSource };
+  using Admission = decant::Admission;
   Admission addJob(std::unique_ptr<ConversionJob> job);
   // Makes a job of the shown record once its destination is chosen; a record without one stays
   // shown. Nothing when no record is shown, when no folder may be used, and while the user is
@@ -99,13 +100,11 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void bookmarkCheckDue();
 
  private:
-  // Looks at the job's files, too; `files` are those that it will claim.
-  [[nodiscard]] Admission admissionOf(ConversionJob &job, ClaimedNames::Files &files) const;
   [[nodiscard]] std::optional<Admission> addShownTo(const Destination &destination);
-  void refuse(const ConversionJob &job, const QString &message, const QString &button);
   void leaveShown();
   void updateWindowTitle();
   void recordShown();
+  [[nodiscard]] bool addAutomatically();
   void intakeDrained();
   void checkDisposals();
   void disposeOfReady();

@@ -42,9 +42,10 @@ ProbeRun brokenReport(const QString &path, const ostrak::Exception &exception) {
 ProbeRun probeGuarded(const Prober &prober, const QString &path, const ProbeSettings &settings) {
   try {
     const ProbeRun run = prober(ostrak::fileURL(path), settings);
-    raiseAlerts(run);
+    if (!settings.giveUp()) raiseAlerts(run);
     return run;
   } catch (const ostrak::Exception &exception) {
+    if (settings.giveUp()) return {};
     return brokenReport(path, exception);
   }
 }
@@ -59,7 +60,9 @@ Intake::Intake(QStringList preferredLanguages, Prober prober, QObject *parent)
       m_preferredLanguages(std::move(preferredLanguages)),
       m_prober(std::move(prober)) {}
 
-Intake::~Intake() = default;
+Intake::~Intake() {
+  if (m_giveUp) *m_giveUp = true;
+}
 
 Intake::State Intake::state() const {
   if (m_probing) return State::Probing;
@@ -83,7 +86,9 @@ void Intake::addNextFile() {
   m_probing = true;
   m_skipping = false;
   Q_EMIT changed();
-  const ProbeSettings settings{.heAACConvert = settingBool("HEAACConvert")};
+  m_giveUp = std::make_shared<std::atomic<bool>>(false);
+  const ProbeSettings settings{.heAACConvert = settingBool("HEAACConvert"),
+                               .giveUp = [giveUp = m_giveUp] { return giveUp->load(); }};
   ostrak::dispatch_async_back(
       [path, subtitle, settings, prober = m_prober, intake = QPointer<Intake>(this)] {
         const ProbeRun run = probeGuarded(prober, path, settings);
@@ -129,6 +134,7 @@ void Intake::show(MKVFileInfo record, const QString &subtitle) {
 void Intake::cancelAdd() {
   if (m_probing) {
     m_skipping = true;
+    *m_giveUp = true;
     return;
   }
   if (m_showing) leave();

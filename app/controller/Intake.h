@@ -3,7 +3,9 @@
 #include <QMap>
 #include <QObject>
 #include <QStringList>
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "Probe.h"
@@ -33,7 +35,7 @@ class Intake final : public QObject {
   // Probes the next waiting movie; does nothing unless intake is idle and one waits.
   void addNextFile();
   // Leaves the current file and goes on with the next, or becomes idle. One that is being probed is
-  // left when its probe ends, since only one probe runs at a time.
+  // left when its probe has been stopped, since only one probe runs at a time.
   void cancelAdd();
   // The record was queued (or dropped): it is no longer shown.
   void clearFileInfo();
@@ -85,7 +87,8 @@ class Intake final : public QObject {
   std::optional<MKVFileInfo> m_fileInfo;
   quint64 m_audioTrackIndex = 0;
   bool m_probing = false;
-  bool m_skipping = false;  // the file being probed is to be left
+  std::shared_ptr<std::atomic<bool>> m_giveUp;  // read by the worker that probes
+  bool m_skipping = false;                      // the file being probed is to be left
   bool m_showing = false;
   bool m_asking = false;
 };

@@ -71,11 +71,12 @@ struct ToolRun {
   QString report;
 };
 
-ToolRun runTool(const QString &path, milliseconds deadline = forEver) {
+ToolRun runTool(const QString &path, milliseconds deadline = forEver,
+                const std::function<bool()> &giveUp = {}) {
   if (!toolCanRun()) return {};
   const ostrak::ChildSetup setup{toolPath(), {u"-i"_s, path}, toolVariablesToRemove()};
   QByteArray output;
-  const ostrak::ChildResult result = ostrak::runChild(setup, output, deadline);
+  const ostrak::ChildResult result = ostrak::runChild(setup, output, deadline, {}, giveUp);
   // The tool that is meant tells at least its own name, whatever the file is.
   const bool isAnother = result.end == End::Exited && output.trimmed().isEmpty();
   const bool started = result.end != End::FailedToStart && !isAnother;
@@ -110,7 +111,7 @@ ProbeRun probeFile(const QUrl &source, const ProbeSettings &settings) {
   if (ostrak::fileIsAlias(url)) return refused(aliasAlert(known));
   if (const auto refusal = refusalOf(path)) return refused(refusedFileAlert(known, *refusal));
 
-  const ToolRun tool = runTool(path);
+  const ToolRun tool = runTool(path, forEver, settings.giveUp);
   if (!tool.started) {
     ProbeRun run = refused(tool.processRefused ? processRefusedAlert(known)
                                                : toolMissingAlert(known, toolPath()));

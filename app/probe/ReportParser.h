@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QUrl>
+#include <functional>
 #include <optional>
 
 #include "Alerts.h"
@@ -29,6 +30,9 @@ struct ProbeSource {
 struct ProbeSettings {
   bool heAACConvert =
       false;  // "HEAACConvert": name HE-AAC tracks "he-aac", so that they are transcoded
+  // Asked several times a second while the tool runs, on its thread: whether nobody waits for the
+  // answer any more. Empty means that somebody does.
+  std::function<bool()> giveUp = {};
 };
 
 // Without a record the file must not be queued, and the alerts tell why.
