@@ -42,12 +42,13 @@ function(decant_library name)
 endfunction()
 
 # decant_tests(LABEL unit|integration|gui [TIMEOUT seconds] [LINK target…]) makes one test of every
-# tst_*.cpp in the current folder. A test's own helpers are the other sources of that folder.
+# tst_*.cpp in the current folder; the folder's name is a label, too. A test's own helpers are the other sources of that folder.
 function(decant_tests)
   cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "LINK" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
+  get_filename_component(module ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tst_*.cpp)
   file(GLOB helpers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   list(REMOVE_ITEM helpers ${tests} "")
@@ -56,6 +57,6 @@ function(decant_tests)
     add_executable(${name} ${test} ${helpers})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} decant_test_support Qt6::Test decant_strict)
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT})
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABEL};${module}" TIMEOUT ${ARG_TIMEOUT})
   endforeach()
 endfunction()
