@@ -25,6 +25,7 @@ namespace decant {
 
 FilePanel::FilePanel(QWidget *parent) : QFrame(parent) {
   setFixedHeight(0);
+  hide();
 }
 
 FilePanel::~FilePanel() = default;
@@ -46,6 +47,8 @@ void FilePanel::follow(AppDelegate &app) {
   m_slide = new QPropertyAnimation(this, "shownHeight", this);
   m_slide->setDuration(style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this));
   m_slide->setEasingCurve(QEasingCurve::OutCubic);
+  // The keyboard must not reach what has no height.
+  connect(m_slide, &QAbstractAnimation::finished, this, [this] { setVisible(m_shown); });
 
   connect(&app.intake(), &Intake::changed, this, &FilePanel::update);
   connect(&app.intake(), &Intake::probed, this, &FilePanel::update);
@@ -110,6 +113,7 @@ int FilePanel::wantedHeight() const {
 void FilePanel::showPanel(bool shown) {
   if (shown == m_shown) return;
   m_shown = shown;
+  if (shown) show();
   m_slide->stop();
   m_slide->setStartValue(height());
   m_slide->setEndValue(shown ? wantedHeight() : 0);

@@ -105,6 +105,15 @@ void JobListView::leaveEvent(QEvent *event) {
   QListView::leaveEvent(event);
 }
 
+void JobListView::focusInEvent(QFocusEvent *event) {
+  QListView::focusInEvent(event);
+  // Who comes by the keyboard can act on the row at once.
+  const bool byKeyboard =
+      event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  if (byKeyboard && currentIndex().isValid() && !selectionModel()->hasSelection())
+    selectionModel()->select(currentIndex(), QItemSelectionModel::Select);
+}
+
 void JobListView::changeEvent(QEvent *event) {
   QListView::changeEvent(event);
   const bool colours =

@@ -27,6 +27,7 @@ class JobListView final : public QListView {
   void mouseMoveEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;
   void leaveEvent(QEvent *event) override;
+  void focusInEvent(QFocusEvent *event) override;
   void changeEvent(QEvent *event) override;
   bool viewportEvent(QEvent *event) override;
 

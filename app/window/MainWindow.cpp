@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QStackedWidget>
+#include <QToolBar>
+#include <QToolButton>
 
 #include "Alerts.h"
 #include "AppDelegate.h"
@@ -109,6 +111,8 @@ void MainWindow::follow(const WindowParts &parts) {
   connectMenus();
   connectDestinations();
   dressActions();
+  for (QWidget *button : outlet<QToolBar>(*this, u"toolBar"_s).findChildren<QToolButton *>())
+    button->setFocusPolicy(Qt::TabFocus);
   showEmptyOrList();
   restorePlace();
 }
@@ -227,7 +231,6 @@ void MainWindow::updatePauseTexts() {
 
 void MainWindow::showEmptyOrList() {
   m_jobArea->setCurrentIndex(m_model->rowCount() == 0 ? 0 : 1);
-  m_jobActions->update();
 }
 
 void MainWindow::addToQueue() {

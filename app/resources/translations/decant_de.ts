@@ -146,7 +146,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
         <translation>Wohin die MP4-Datei geschrieben wird</translation>
     </message>
     <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>Start Conversion</source>
         <translation>Umwandlung starten</translation>
@@ -1037,11 +1037,6 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/PreferencesWindow.ui"/>
-        <source>&amp;Add Folder</source>
-        <translation>Ordner &amp;hinzufügen</translation>
-    </message>
-    <message>
-        <location filename="../../../app/resources/ui/PreferencesWindow.ui"/>
         <source>&amp;Remove</source>
         <translation>&amp;Entfernen</translation>
     </message>
@@ -1151,6 +1146,7 @@ Wer zufrieden ist, darf es weitersagen.</translation>
     <message>
         <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
         <location filename="../../../app/WindowMain.cpp"/>
+        <location filename="../../../app/controller/Admission.cpp"/>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
         <location filename="../../../app/controller/DestinationRoad.cpp"/>
         <location filename="../../../app/controller/SourceDisposal.cpp"/>
@@ -1718,46 +1714,21 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <translation>%i fertig, %i fehlgeschlagen</translation>
     </message>
     <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source>You don't seem to have write access to the selected destinatation or it is a read-only filesystem. Please choose another destination.</source>
-        <translation>Anscheinend fehlt das Schreibrecht für das gewählte Ziel, oder das Dateisystem ist schreibgeschützt. Bitte ein anderes Ziel wählen.</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <location filename="../../../app/controller/Admission.cpp"/>
         <location filename="../../../app/controller/DestinationRoad.cpp"/>
         <source>You've tried to overwrite the source file with the target file. Thats the worst idea ever.</source>
         <translation>Die Zieldatei sollte die Quelldatei überschreiben. Das ist die schlechteste Idee aller Zeiten.</translation>
     </message>
     <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <location filename="../../../app/controller/Admission.cpp"/>
+        <source>You don't seem to have write access to the selected destinatation or it is a read-only filesystem. Please choose another destination.</source>
+        <translation>Anscheinend fehlt das Schreibrecht für das gewählte Ziel, oder das Dateisystem ist schreibgeschützt. Bitte ein anderes Ziel wählen.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/Admission.cpp"/>
         <location filename="../../../app/controller/DestinationRoad.cpp"/>
         <source>D'oh</source>
         <translation>Ups</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source> (Paused)</source>
-        <translation> (Angehalten)</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source> [%li Job(s), %li Queued]</source>
-        <translation> [Aufträge: %li, wartend: %li]</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source>Add to Queue</source>
-        <translation>In die Warteschlange</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source>Version:</source>
-        <translation>Version:</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <source>Build:</source>
-        <translation>Build:</translation>
     </message>
     <message>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
@@ -1870,6 +1841,31 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <location filename="../../../app/controller/SourceDisposal.cpp"/>
         <source>The converted file %@ could not be moved to the Trash: %@</source>
         <translation>Die umgewandelte Datei %@ konnte nicht in den Papierkorb verschoben werden: %@</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
+        <source> (Paused)</source>
+        <translation> (Angehalten)</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
+        <source> [%li Job(s), %li Queued]</source>
+        <translation> [Aufträge: %li, wartend: %li]</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
+        <source>Add to Queue</source>
+        <translation>In die Warteschlange</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
+        <source>Version:</source>
+        <translation>Version:</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/WindowTexts.cpp"/>
+        <source>Build:</source>
+        <translation>Build:</translation>
     </message>
     <message>
         <location filename="../../../app/conversion/ConversionJob.cpp"/>

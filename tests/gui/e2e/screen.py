@@ -119,7 +119,11 @@ class Screen:
         self.xdotool("key", "--clearmodifiers", *keys)
 
     def type(self, text):
+        """Types, and waits until the field has all of it."""
+        field = until(self.focused, "a field")
         self.xdotool("type", "--delay", "0", text)
+        read = self.atspi.Text.get_text
+        until(lambda: read(field, 0, -1) == text, lambda: f"'{text}', but there is '{read(field, 0, -1)}'")
 
     def act(self, node, name=None):
         """Does the node's action of that name, or its first, as an assistive technology does."""
@@ -128,9 +132,21 @@ class Screen:
         assert names and (name is None or name in names), f"{node.get_name()}: {names}"
         assert action.do_action(node, names.index(name) if name else 0)
 
-    def focused(self):
-        """The control that has the keyboard."""
-        return next((node for node in self.walk() if self.has(node, "FOCUSED")), None)
+    def focused(self, below=None):
+        """The control that has the keyboard, for a list its current entry; entries say so even without it."""
+        state = self.atspi.StateType
+        found, left = None, [below or self.app]
+        while left:
+            node = left.pop()
+            states = node.get_state_set()
+            if states.contains(state.FOCUSED):
+                entry = node.get_role_name() in ("list item", "page tab")
+                if not entry or found == node.get_parent():
+                    found = node
+            if node == self.app or states.contains(state.SHOWING):
+                left += [child for child in map(node.get_child_at_index, range(node.get_child_count() - 1, -1, -1))
+                         if child]
+        return found
 
     def row_button(self, row, number):
         """Clicks a button of a job's row; 0 is the outermost (remove), 1 the arrow, 2 pause."""

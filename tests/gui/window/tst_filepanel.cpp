@@ -58,6 +58,7 @@ void TestFilePanel::slidesInAndOut() {
   QVERIFY(m_b->click(u"skipButton"_s));
   QVERIFY(!panel().isShown());
   QTRY_COMPARE(panel().height(), 0);
+  QTRY_VERIFY(!panel().isVisible());  // or the keyboard would reach it
 }
 
 void TestFilePanel::largerFontsGetWhatTheyNeed() {
@@ -206,6 +207,7 @@ void TestFilePanel::skipGoesOnToTheNext() {
 void TestFilePanel::skipWhileProbing() {
   m_b->prober.hold();
   m_b->intake().openFiles({m_b->movie(u"1.mkv"_s), m_b->movie(u"2.mkv"_s)});
+  QTRY_COMPARE(panel().height(), qMax(117, panel().layout()->sizeHint().height()));
   QVERIFY(m_b->click(u"skipButton"_s));
   m_b->prober.finishOne();
   QTRY_COMPARE(fullText(u"fileNameLabel"_s), u"2.mkv"_s);
