@@ -63,7 +63,7 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const {
 }
 
 ConversionJob *JobListModel::jobAt(const QModelIndex &index) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return nullptr;
+  if (!index.isValid() || !checkIndex(index)) return nullptr;
   return m_queue.taskArray().at(index.row());
 }
 

@@ -114,6 +114,12 @@ void JobListView::focusInEvent(QFocusEvent *event) {
     selectionModel()->select(currentIndex(), QItemSelectionModel::Select);
 }
 
+// Rows are alike in height, whatever they show; the list itself would lay all of them out again.
+void JobListView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                              const QList<int> &roles) {
+  QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+}
+
 void JobListView::changeEvent(QEvent *event) {
   QListView::changeEvent(event);
   const bool colours =

@@ -23,6 +23,8 @@ class JobListView final : public QListView {
   void removeClicked(const QModelIndex &index);
 
  protected:
+  void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                   const QList<int> &roles) override;
   void mousePressEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;

@@ -50,10 +50,11 @@ void WindowBench::close() {
 }
 
 AppServices WindowBench::services() {
-  const JobServices jobs{
-      sleepInhibitor, notifier, revealer, program.opener(),   program.keyboard(),
-      volumes,        clock,    sandbox,  program.toolPath(), ostrak::tk->docDir()};
-  return {jobs, trashCan, {u"eng"_s}, [this] { ++quits; }, prober.function()};
+  m_jobs = std::make_unique<JobServices>(
+      JobServices{sleepInhibitor, notifier, revealer, program.opener(), program.keyboard(), volumes,
+                  clock, sandbox, program.toolPath(), ostrak::tk->docDir()});
+  m_jobs->progressInterval = std::chrono::milliseconds(10);
+  return {*m_jobs, trashCan, {u"eng"_s}, [this] { ++quits; }, prober.function()};
 }
 
 QString WindowBench::movie(const QString &name) const {
@@ -129,6 +130,18 @@ bool WindowBench::queueUp(const QStringList &names) {
   const bool drained = QTest::qWaitFor([&] { return intake().isIdle(); });
   ostrak::setDefaultInt(u"AutoAdd"_s, 0);
   return drained;
+}
+
+void WindowBench::fill(int count) {
+  queue().setPaused(true);
+  for (int i = 0; i < count; ++i) {
+    MKVFileInfo record;
+    record.fileName = u"Film %1.mkv"_s.arg(i);
+    record.fileURL = QUrl::fromLocalFile(path(record.fileName));
+    record.destinationURL = QUrl::fromLocalFile(path(record.fileName) + u".m4v"_s);
+    record.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
+    queue().insert(std::make_unique<ConversionJob>(record, 0, app(), *m_jobs), true);
+  }
 }
 
 QFileDialog *WindowBench::panel() {

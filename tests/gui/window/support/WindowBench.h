@@ -71,6 +71,8 @@ class WindowBench final {
   [[nodiscard]] bool show(const QString &name);
   // Opens the movies, queues each next to its source, and waits until intake is idle.
   [[nodiscard]] bool queueUp(const QStringList &names);
+  // Puts this many waiting jobs into the paused queue, without files.
+  void fill(int count);
   // The panel for files that is up; null when there is none.
   [[nodiscard]] QFileDialog *panel();
   // Answers it with this path, or cancels it; false when none comes up.
@@ -102,5 +104,6 @@ class WindowBench final {
 
  private:
   [[nodiscard]] decant::AppServices services();
+  std::unique_ptr<decant::JobServices> m_jobs;
   std::unique_ptr<decant::WindowProgram> m_desktop;
 };
