@@ -166,13 +166,18 @@ void JobQueue::pauseConverting() {
     job->pause();
 }
 
-void JobQueue::clean() {
+void JobQueue::remove(const QList<ConversionJob *> &jobs) {
   {
     const QScopedValueRollback hold(m_holds, m_holds + 1);
-    for (ConversionJob *job : jobsInState(JobStateFinished))
-      job->remove();
+    for (ConversionJob *job : jobs) {
+      if (m_entries.contains(job)) job->remove();
+    }
   }
   startNextJobInQueue();
+}
+
+void JobQueue::clean() {
+  remove(jobsInState(JobStateFinished));
 }
 
 void JobQueue::removeAll() {

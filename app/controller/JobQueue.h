@@ -51,7 +51,10 @@ class JobQueue final : public QObject {
   void setPaused(bool paused);
   // Pauses every converting job.
   void pauseConverting();
-  // Removes every finished job, and starts the next one after the last of them.
+  // Removes these jobs, and starts the next one after the last of them: none of them is started
+  // only because those before it have gone. Jobs that have left the list by then are passed over.
+  void remove(const QList<ConversionJob *> &jobs);
+  // Removes every finished job, likewise.
   void clean();
   // Removes every job, the first first, for good: nothing is started any more.
   void removeAll();

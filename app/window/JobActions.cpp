@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
-#include <QPointer>
+#include <algorithm>
 
 #include "AppDelegate.h"
 #include "InterfaceFile.h"
@@ -18,6 +18,8 @@ using ostrak::localized;
 namespace decant {
 
 namespace {
+
+constexpr int longSelection = 100;  // rows
 
 QAction *actionOf(QMainWindow &window, const QString &name) {
   auto *found = window.findChild<QAction *>(name);
@@ -42,10 +44,9 @@ JobActions::JobActions(QMainWindow &window, JobListView &list, JobListModel &mod
     action->setShortcutContext(Qt::WidgetShortcut);
     list.addAction(action);
   }
-  connect(m_pause, &QAction::triggered, this, [this] {
-    for (ConversionJob *job : selected())
-      pauseOrContinue(*job);
-  });
+  m_reveal->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+  m_revealSource->setShortcuts({Qt::SHIFT | Qt::Key_Return, Qt::SHIFT | Qt::Key_Enter});
+  connect(m_pause, &QAction::triggered, this, &JobActions::pauseOrContinueSelected);
   connect(m_reveal, &QAction::triggered, this, [this] { onSelected(&ConversionJob::reveal); });
   connect(m_revealSource, &QAction::triggered, this,
           [this] { onSelected(&ConversionJob::revealSource); });
@@ -60,16 +61,23 @@ JobActions::JobActions(QMainWindow &window, JobListView &list, JobListModel &mod
   connect(&list, &JobListView::removeClicked, this,
           [this](const QModelIndex &index) { m_model.jobAt(index)->remove(); });
   connect(&list, &JobListView::customContextMenuRequested, this, &JobActions::showMenu);
-  connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this, &JobActions::update);
-  connect(&model, &QAbstractItemModel::dataChanged, this, &JobActions::update);
+  m_later.setSingleShot(true);
+  connect(&m_later, &QTimer::timeout, this, &JobActions::update);
+  connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &JobActions::selectionChanged);
+  connect(&model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex &index) {
+    if (m_list.selectionModel()->isSelected(index)) selectionChanged();
+  });
   update();
 }
 
 JobActions::~JobActions() = default;
 
 QList<ConversionJob *> JobActions::selected() const {
+  QModelIndexList rows = m_list.selectionModel()->selectedRows();
+  std::ranges::sort(rows, std::less(), &QModelIndex::row);
   QList<ConversionJob *> jobs;
-  for (const QModelIndex &index : m_list.selectionModel()->selectedRows()) {
+  for (const QModelIndex &index : std::as_const(rows)) {
     if (ConversionJob *job = m_model.jobAt(index)) jobs.append(job);
   }
   return jobs;
@@ -83,13 +91,26 @@ void JobActions::pauseOrContinue(ConversionJob &job) {
   }
 }
 
-void JobActions::removeSelected() {
-  QList<QPointer<ConversionJob>> leaving;
-  for (ConversionJob *job : selected())
-    leaving.append(job);
-  for (const QPointer<ConversionJob> &job : leaving) {
-    if (job) job->remove();
+// One decision for all of them: what runs is paused, and only where nothing runs, the first that
+// can go on does. Pausing starts no other.
+void JobActions::pauseOrContinueSelected() {
+  const QList<ConversionJob *> jobs = selected();
+  const auto mayPause = [](const ConversionJob *job) { return job->state() == JobStateConverting; };
+  const auto mayRun = [](const ConversionJob *job) {
+    return job->state() == JobStatePaused || job->state() == JobStateQueued;
+  };
+  if (std::ranges::any_of(jobs, mayPause)) {
+    for (ConversionJob *job : jobs) {
+      if (mayPause(job)) job->pause();
+    }
+    return;
   }
+  const auto first = std::ranges::find_if(jobs, mayRun);
+  if (first != jobs.end()) (*first)->continue_();
+}
+
+void JobActions::removeSelected() {
+  m_app.queue().remove(selected());
 }
 
 void JobActions::onSelected(void (ConversionJob::*what)()) {
@@ -106,7 +127,19 @@ void JobActions::showMenu(const QPoint &position) {
   menu.exec(m_list.viewport()->mapToGlobal(position));
 }
 
+// Rows that leave a long selection one by one would each cost a look through all that are left.
+void JobActions::selectionChanged() {
+  qsizetype rows = 0;
+  for (const QItemSelectionRange &range : m_list.selectionModel()->selection())
+    rows += range.height();
+  if (rows < longSelection)
+    update();
+  else if (!m_later.isActive())
+    m_later.start();
+}
+
 void JobActions::update() {
+  m_later.stop();
   const QList<ConversionJob *> jobs = selected();
   bool runs = false;
   bool mayRun = false;

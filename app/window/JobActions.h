@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 class QAction;
 class QMainWindow;
@@ -24,12 +25,16 @@ class JobActions final : public QObject {
              QObject *parent);
   ~JobActions() override;
 
-  // Enables what the selection allows.
+  // Enables what the selection allows. By itself this follows the selection: at once a short one,
+  // a long one in the next turn of the event loop.
   void update();
 
  private:
+  // In list order.
   [[nodiscard]] QList<ConversionJob *> selected() const;
+  void selectionChanged();
   void pauseOrContinue(ConversionJob &job);
+  void pauseOrContinueSelected();
   void removeSelected();
   void showMenu(const QPoint &position);
   void onSelected(void (ConversionJob::*what)());
@@ -41,6 +46,7 @@ class JobActions final : public QObject {
   QAction *m_reveal;
   QAction *m_revealSource;
   QAction *m_remove;
+  QTimer m_later;
 };
 
 }  // namespace decant

@@ -69,14 +69,21 @@ void JobListView::setHot(const Spot &spot) {
   if (spot.index.isValid()) update(spot.index);
 }
 
+bool JobListView::pressButton(const QMouseEvent &event) {
+  const Spot spot = spotAt(event.position().toPoint());
+  if (event.button() != Qt::LeftButton || spot.part == Part::None) return false;
+  m_pressed = spot;
+  setHot(spot);
+  return true;
+}
+
 void JobListView::mousePressEvent(QMouseEvent *event) {
-  const Spot spot = spotAt(event->position().toPoint());
-  if (event->button() == Qt::LeftButton && spot.part != Part::None) {
-    m_pressed = spot;
-    setHot(spot);
-    return;
-  }
-  QListView::mousePressEvent(event);
+  if (!pressButton(*event)) QListView::mousePressEvent(event);
+}
+
+// A second quick click is one more press of the button.
+void JobListView::mouseDoubleClickEvent(QMouseEvent *event) {
+  if (!pressButton(*event)) QListView::mouseDoubleClickEvent(event);
 }
 
 void JobListView::mouseMoveEvent(QMouseEvent *event) {

@@ -26,6 +26,7 @@ class JobListView final : public QListView {
   void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                    const QList<int> &roles) override;
   void mousePressEvent(QMouseEvent *event) override;
+  void mouseDoubleClickEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;
   void leaveEvent(QEvent *event) override;
@@ -41,6 +42,8 @@ class JobListView final : public QListView {
   };
   [[nodiscard]] Spot spotAt(const QPoint &position) const;
   void setHot(const Spot &spot);
+  // Whether it was a button of a row.
+  [[nodiscard]] bool pressButton(const QMouseEvent &event);
 
   JobDelegate *m_delegate;
   Spot m_hot;
