@@ -87,6 +87,10 @@ void WindowProgram::connectDesktop() {
   m_notifier.setActivated([this](const QString &path) { m_revealer.reveal(path); });
   m_desktop.singleInstance.setHandler([this](const QStringList &paths) { filesArrived(paths); });
   connect(&m_app.queue(), &JobQueue::countsChanged, this, &WindowProgram::showLauncherProgress);
+  connect(&m_app.queue(), &JobQueue::inserted, this, [this](qsizetype index) {
+    connect(m_app.queue().taskArray().at(index), &ConversionJob::progressChanged, this,
+            &WindowProgram::showLauncherProgress);
+  });
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &manager) {
     if (m_app.jobCountWithState(JobStateConverting) == 0 || !manager.allowsInteraction()) return;
     const bool goesOn = m_app.applicationShouldTerminate();
@@ -123,7 +127,7 @@ void WindowProgram::showLauncherProgress() {
   const bool converts = queue.jobCountWithState(JobStateConverting) > 0;
   std::optional<double> fraction;
   for (const ConversionJob *job : queue.taskArray()) {
-    if (!converts) break;
+    if (!converts || fraction) break;
     if (job->state() == JobStateConverting) fraction = job->progress() / 100;
   }
   m_desktop.launcher.show(fraction, waiting);
