@@ -14,7 +14,7 @@ namespace {
 constexpr QByteArrayView positionKey("out_time_ms=");
 constexpr double unitsPerSecond = 1'000'000;
 // More than this without a line break is no progress report, and is not waited for.
-constexpr qsizetype longestLine = 64 * 1024;
+constexpr qsizetype longestLine = 65'536;
 
 std::optional<double> positiveNumber(QByteArrayView text) {
   while (!text.isEmpty() && (text.front() == ' ' || text.front() == '\t'))
