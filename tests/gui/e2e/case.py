@@ -16,7 +16,7 @@ NEXT_TO_SOURCE = 1  # of the destination menu
 
 # A conversion that gets half way, and ends when the test says so.
 HALFWAY = """conversion
-progress frame=1\\nout_time=00:00:50.000000\\nspeed= 100x\\nprogress=continue\\n
+progress frame=1\\nout_time_ms=50000000\\nspeed= 100x\\nprogress=continue\\n
 announce half
 wait go
 """
