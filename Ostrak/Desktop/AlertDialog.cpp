@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -52,8 +53,10 @@ QPushButton *colorButton(const QString &color, QWidget *parent) {
   };
   show(QColor(color));
   QObject::connect(button, &QPushButton::clicked, button, [button, show] {
-    const QColor chosen = QColorDialog::getColor(QColor(button->text()), button);
-    if (chosen.isValid()) show(chosen);
+    auto *dialog = new QColorDialog(QColor(button->text()), button);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QColorDialog::colorSelected, button, show);
+    dialog->open();
   });
   return button;
 }
@@ -75,6 +78,12 @@ QWidget *firstWindow() {
     return window->isVisible() && window->isWindow() && !window->parentWidget();
   });
   return found == windows.end() ? nullptr : *found;
+}
+
+// A dialog over a minimised window would stay away with it, and the program would seem to hang.
+void bringBack(QWidget *window) {
+  for (; window; window = window->parentWidget())
+    if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
 }
 
 }  // namespace
@@ -213,11 +222,25 @@ QVariant AlertDialog::controlValue() const {
 }
 
 int AlertDialog::run() {
-  raise();
-  activateWindow();
+  const QPointer<AlertDialog> self(this);
+  const int lastButton = m_code;
   exec();
+  // The end of the program may have taken it away with the window below.
+  if (!self) return lastButton;
   m_alert.value = controlValue();
   return m_code;
+}
+
+// A window that is not on the screen yet cannot be raised.
+void AlertDialog::showEvent(QShowEvent *event) {
+  QDialog::showEvent(event);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        raise();
+        activateWindow();
+      },
+      Qt::QueuedConnection);
 }
 
 void AlertDialog::reject() {
@@ -233,8 +256,11 @@ int WindowAlertPresenter::present(Alert &alert) {
   QWidget *above = QApplication::activeModalWidget();
   if (!above) above = QApplication::activeWindow();
   if (!above) above = firstWindow();
-  AlertDialog dialog(alert, above);
-  return dialog.run();
+  bringBack(above);
+  const QPointer<AlertDialog> dialog = new AlertDialog(alert, above ? above->window() : nullptr);
+  const int code = dialog->run();
+  delete dialog;
+  return code;
 }
 
 }  // namespace ostrak

@@ -20,12 +20,16 @@ class AlertDialog final : public QDialog {
   explicit AlertDialog(Alert &alert, QWidget *parent = nullptr);
   ~AlertDialog() override;
 
-  // Runs the dialog and returns the code of the pressed button.
+  // Runs the dialog and returns the code of the pressed button: of the last one when the dialog is
+  // deleted meanwhile.
   [[nodiscard]] int run();
   // The first 70 and the last 70 characters of a longer title of a choice.
   [[nodiscard]] static QString shortened(const QString &title);
 
   void reject() override;
+
+ protected:
+  void showEvent(QShowEvent *event) override;
 
  private:
   void addTexts(QVBoxLayout &column);
@@ -39,7 +43,7 @@ class AlertDialog final : public QDialog {
   int m_code = 0;
 };
 
-// Shows every alert as a dialog over the active window.
+// Shows every alert as a dialog over the active window, which comes back when it is minimised.
 class WindowAlertPresenter final : public AlertPresenter {
  public:
   int present(Alert &alert) override;

@@ -12,7 +12,8 @@ namespace decant {
 AuxiliaryWindows::AuxiliaryWindows(QObject *parent) : QObject(parent) {}
 
 AuxiliaryWindows::~AuxiliaryWindows() {
-  closeAll();
+  delete m_documentationWindow;
+  delete m_promotionWindow;
 }
 
 void AuxiliaryWindows::openDocumentationWindow(int tag) {
@@ -27,8 +28,8 @@ void AuxiliaryWindows::openPromotion() {
 }
 
 void AuxiliaryWindows::closeAll() {
-  delete m_documentationWindow;
-  delete m_promotionWindow;
+  for (QWidget *window : {m_documentationWindow.data(), m_promotionWindow.data()})
+    if (window) window->close();
 }
 
 void AuxiliaryWindows::openWindow(QPointer<QWidget> &window, const QString &nibName) {

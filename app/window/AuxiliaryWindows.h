@@ -18,6 +18,7 @@ class AuxiliaryWindows final : public QObject {
   // Shows the tab at index `tag`; a negative one leaves the tabs alone.
   void openDocumentationWindow(int tag);
   void openPromotion();
+  // They go when the running handler is done, which may be one of theirs.
   void closeAll();
 
   // Null while it is closed.

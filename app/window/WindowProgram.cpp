@@ -134,6 +134,7 @@ void WindowProgram::showLauncherProgress() {
 }
 
 void WindowProgram::quitAtOnce() {
+  if (m_quitting) return;
   m_quitting = true;
   // Files of a second start stay with it from here on.
   m_desktop.singleInstance.setHandler({});

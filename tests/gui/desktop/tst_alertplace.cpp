@@ -1,0 +1,73 @@
+#include <QMainWindow>
+#include <QWindow>
+
+#include "AlertPlayer.h"
+#include "OffscreenMain.h"
+#include "ScratchProgram.h"
+
+using namespace Qt::StringLiterals;
+using namespace ostrak;
+
+// Where an alert comes up: seen, whatever the windows below are doing.
+class TestAlertPlace final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    m_program = std::make_unique<ScratchProgram>();
+    setAlertPresenter(&m_presenter);
+  }
+  void cleanup() { m_program.reset(); }
+
+  void minimisedWindowComesBack();
+  void raisedOnceItIsShown();
+
+ private:
+  std::unique_ptr<ScratchProgram> m_program;
+  WindowAlertPresenter m_presenter;
+};
+
+void TestAlertPlace::minimisedWindowComesBack() {
+  QMainWindow window;
+  window.showMaximized();
+  window.showMinimized();
+  QVERIFY(window.isMinimized());
+  bool minimised = true;
+  bool maximised = false;
+  const AlertPlayer player([&](const AlertDialog &dialog) {
+    minimised = window.isMinimized();
+    maximised = window.isMaximized();
+    AlertPlayer::press(dialog, 0);
+  });
+  alert(u"Title"_s, u"Message"_s);
+  QVERIFY(!minimised);
+  QVERIFY(maximised);
+}
+
+void TestAlertPlace::raisedOnceItIsShown() {
+  // Sees how a window was when it was raised.
+  class Watch final : public QObject {
+   public:
+    bool eventFilter(QObject *object, QEvent *event) override {
+      const auto *dialog = qobject_cast<AlertDialog *>(object);
+      if (dialog && event->type() == QEvent::ZOrderChange)
+        onScreen = dialog->windowHandle() && dialog->windowHandle()->isVisible();
+      return false;
+    }
+    bool onScreen = false;
+  };
+  Watch watch;
+  qApp->installEventFilter(&watch);
+  const AlertPlayer player([&](const AlertDialog &dialog) {
+    (void)QTest::qWaitFor([&] { return watch.onScreen; });
+    AlertPlayer::press(dialog, 0);
+  });
+  alert(u"Title"_s, u"Message"_s);
+  QCOMPARE(player.shown(), 1);
+  QVERIFY(watch.onScreen);
+}
+
+int main(int argc, char **argv) {
+  return runOffscreen<TestAlertPlace>(argc, argv);
+}
+#include "tst_alertplace.moc"
