@@ -27,6 +27,15 @@ AlertQueue &AlertQueue::instance() {
   return *queue;
 }
 
+void AlertQueue::setPresenter(AlertPresenter *presenter) {
+  m_presenter = presenter;
+  if (presenter) return;
+  const QMutexLocker locker(&m_mutex);
+  m_waiting.clear();
+  m_answers.clear();
+  m_whenIdle.clear();
+}
+
 int AlertQueue::present(Alert &alert) {
   if (!m_presenter) return alert.problemReport ? secondButton : firstButton;
   ++m_shown;
@@ -59,9 +68,12 @@ void AlertQueue::post(Alert alert, std::function<void(int)> answered, Silencing 
   {
     const QMutexLocker locker(&m_mutex);
     const Key key{std::move(alert), silencing};
-    if (m_waitingKeys.contains(key)) return;
-    m_waitingKeys.insert(key);
-    m_waiting.append({key, std::move(answered)});
+    const bool isNew = !m_answers.contains(key);
+    Answers &answers = m_answers[key];
+    const bool hears = answers.isEmpty() || !key.alert.problemReport;
+    if (answered && hears) answers.append(std::move(answered));
+    if (!isNew) return;
+    m_waiting.append(key);
   }
   showNextSoon();
 }
@@ -69,7 +81,7 @@ void AlertQueue::post(Alert alert, std::function<void(int)> answered, Silencing 
 void AlertQueue::showNextSoon() {
   {
     const QMutexLocker locker(&m_mutex);
-    if (m_waiting.isEmpty()) return;
+    if (m_waiting.isEmpty() && m_whenIdle.isEmpty()) return;
   }
   dispatch_async_main([this] { showNext(); });
 }
@@ -77,16 +89,43 @@ void AlertQueue::showNextSoon() {
 void AlertQueue::showNext() {
   if (m_shown > 0) return;
   std::optional<Waiting> next = takeNext();
-  if (!next) return;
+  if (!next) {
+    callWhenIdle();
+    return;
+  }
   const int code = presentAndRemember(next->key.alert, next->key.silencing);
-  if (next->answered) next->answered(code);
+  for (const auto &answered : std::as_const(next->answers))
+    answered(code);
+}
+
+bool AlertQueue::isIdle() {
+  const QMutexLocker locker(&m_mutex);
+  return m_shown == 0 && m_waiting.isEmpty();
+}
+
+void AlertQueue::whenIdle(std::function<void()> act) {
+  {
+    const QMutexLocker locker(&m_mutex);
+    m_whenIdle.append(std::move(act));
+  }
+  showNextSoon();
+}
+
+void AlertQueue::callWhenIdle() {
+  QList<std::function<void()>> acts;
+  {
+    const QMutexLocker locker(&m_mutex);
+    acts.swap(m_whenIdle);
+  }
+  for (const auto &act : std::as_const(acts))
+    act();
 }
 
 std::optional<AlertQueue::Waiting> AlertQueue::takeNext() {
   const QMutexLocker locker(&m_mutex);
   while (!m_waiting.isEmpty()) {
-    Waiting next = m_waiting.takeFirst();
-    m_waitingKeys.remove(next.key);
+    Waiting next{m_waiting.takeFirst(), {}};
+    next.answers = m_answers.take(next.key);
     if (!isSilenced(next.key.alert.identifier, next.key.silencing)) return next;
   }
   return {};

@@ -27,11 +27,11 @@ struct Alert {
   QString message;
   QStringList buttons;  // in order; empty means one "OK"
   Control control = Control::None;
-  QString checkboxTitle;       // of Suppression and Checkbox
-  QStringList items;           // of Popup and Matrix
-  QVariant value;              // the control's value, in and out
-  QString subject;             // path of the file that the alert is about; null when about none
-  QString image;    // name of a picture in the bundle, for the icon; null for the usual one
+  QString checkboxTitle;  // of Suppression and Checkbox
+  QStringList items;      // of Popup and Matrix
+  QVariant value;         // the control's value, in and out
+  QString subject;        // path of the file that the alert is about; null when about none
+  QString image;          // name of a picture in the bundle, for the icon; null for the usual one
   bool problemReport = false;  // its first button sends a problem report
 
   bool operator==(const Alert &) const = default;
@@ -51,7 +51,7 @@ class AlertPresenter {
 };
 
 // Installs the presenter (not owned); null answers the first button of everything, silently, but
-// declines problem reports.
+// declines problem reports, and drops what still waits, unanswered.
 void setAlertPresenter(AlertPresenter *presenter);
 
 // Modal, main thread only: shows `alert` at once and returns the button's code.
@@ -59,7 +59,8 @@ int presentAlert(Alert &alert);
 
 // From any thread and from inside handlers: shows the alert once the main thread's running handler
 // is done, one after the other, and then calls `answered` with the button's code. An alert equal to
-// one that is still waiting is dropped, and so is its `answered`. Never waits.
+// one that is still waiting shares its showing and its answer; of equal problem reports only the
+// first is answered. Never waits.
 void postAlert(Alert alert, std::function<void(int code)> answered = {});
 
 // The same for an alert with Control::Suppression: dropped when its identifier has been silenced

@@ -33,6 +33,11 @@ int JobQueue::jobCountWithState(JobState state) const {
   return static_cast<int>(m_byState.at(static_cast<size_t>(state)).size());
 }
 
+const ConversionJob *JobQueue::convertingJob() const {
+  const Index &converting = m_byState.at(static_cast<size_t>(JobStateConverting));
+  return converting.empty() ? nullptr : converting.begin()->second;
+}
+
 void JobQueue::insert(std::unique_ptr<ConversionJob> job, bool atBottom) {
   ConversionJob *const inserted_ = job.get();
   const Number number = atBottom ? m_bottom++ : m_top--;

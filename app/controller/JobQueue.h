@@ -30,6 +30,8 @@ class JobQueue final : public QObject {
   [[nodiscard]] qsizetype indexOf(const ConversionJob &job) const;
   // Constant time.
   [[nodiscard]] int jobCountWithState(JobState state) const;
+  // The one that runs; null while none does. Constant time.
+  [[nodiscard]] const ConversionJob *convertingJob() const;
   [[nodiscard]] bool paused() const { return m_paused; }
 
   // Puts a job at the top, or at the bottom.

@@ -1,8 +1,11 @@
 #include "WindowProgram.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QSessionManager>
+#include <chrono>
 
+#include "AlertQueue.h"
 #include "Alerts.h"
 #include "FileRevealer.h"
 #include "Format.h"
@@ -20,7 +23,11 @@ namespace decant {
 
 namespace {
 
-AppServices withDestinations(AppServices services, DestinationRoad &road) {
+// How long a consent to end with the session holds, should the session go on after all.
+constexpr std::chrono::minutes consentHolds{1};
+
+AppServices connected(AppServices services, DestinationRoad &road, std::function<void()> quit) {
+  services.quit = std::move(quit);
   services.destination = [&road](const MKVFileInfo &record, const ClaimedNames &claimed,
                                  const DestinationAnswer &answer) {
     road.choose(record, claimed, answer);
@@ -37,7 +44,10 @@ WindowProgram::WindowProgram(AppServices app, const DesktopServices &desktop, QO
       m_revealer(app.jobs.revealer),
       m_folders(app.jobs.sandbox),
       m_road(m_folders, m_panels),
-      m_app(withDestinations(std::move(app), m_road)) {
+      m_endLoop(app.quit),
+      m_app(connected(std::move(app), m_road, [this] { endSoon(); })) {
+  m_consent.setSingleShot(true);
+  m_consent.setInterval(consentHolds);
   ostrak::setAlertPresenter(&m_presenter);
 }
 
@@ -92,10 +102,10 @@ void WindowProgram::connectDesktop() {
             &WindowProgram::showLauncherProgress);
   });
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &manager) {
-    if (m_app.jobCountWithState(JobStateConverting) == 0 || !manager.allowsInteraction()) return;
-    const bool goesOn = m_app.applicationShouldTerminate();
-    manager.release();
-    if (!goesOn) manager.cancel();
+    bool asked = false;
+    const bool ends = sessionMayEnd([&] { return asked = manager.allowsInteraction(); });
+    if (asked) manager.release();
+    if (!ends) manager.cancel();
   });
 }
 
@@ -105,6 +115,8 @@ void WindowProgram::filesArrived(const QStringList &paths) {
   if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
   m_window->openMainWindow();
+  // It is good for one window, and no business of the tools that start later.
+  qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 void WindowProgram::showSpeedHint() {
@@ -124,12 +136,8 @@ void WindowProgram::showLauncherProgress() {
   const JobQueue &queue = m_app.queue();
   const int waiting =
       queue.jobCountWithState(JobStateQueued) + queue.jobCountWithState(JobStateConverting);
-  const bool converts = queue.jobCountWithState(JobStateConverting) > 0;
   std::optional<double> fraction;
-  for (const ConversionJob *job : queue.taskArray()) {
-    if (!converts || fraction) break;
-    if (job->state() == JobStateConverting) fraction = job->progress() / 100;
-  }
+  if (const ConversionJob *job = queue.convertingJob()) fraction = job->progress() / 100;
   m_desktop.launcher.show(fraction, waiting);
 }
 
@@ -142,11 +150,45 @@ void WindowProgram::quitAtOnce() {
   m_auxiliary.closeAll();
   m_app.applicationWillTerminate();
   // Not quit(), which asks the windows first, and theirs is the question that was just answered.
-  QCoreApplication::exit();
+  m_endLoop();
+}
+
+bool WindowProgram::sessionMayEnd(const std::function<bool()> &mayAsk) {
+  // The session may end this process with no further word.
+  m_window->keepGeometry();
+  ostrak::tk->userDefaults().synchronize();
+  if (m_app.jobCountWithState(JobStateConverting) == 0) return true;
+  if (mayAsk() && !m_app.applicationShouldTerminate()) return false;
+  m_consent.start();
+  return true;
+}
+
+// What asks for the end may be in the middle of a job.
+void WindowProgram::endSoon() {
+  QMetaObject::invokeMethod(this, &WindowProgram::endWhenQuiet, Qt::QueuedConnection);
+}
+
+// Nothing that is being read or chosen is taken away; when it is done the controller looks again
+// whether the end is still due.
+void WindowProgram::endWhenQuiet() {
+  if (m_quitting) return;
+  auto &alerts = ostrak::AlertQueue::instance();
+  if (!alerts.isIdle()) {
+    alerts.whenIdle([app = QPointer(&m_app)] {
+      if (app) app->terminate();
+    });
+  } else if (const QWidget *panel = QApplication::activeModalWidget()) {
+    connect(panel, &QObject::destroyed, &m_app, &AppDelegate::terminate, Qt::QueuedConnection);
+  } else if (m_app.jobCountWithState(JobStateConverting) > 0 || !m_app.intake().isIdle()) {
+    m_app.terminate();
+  } else {
+    quitAtOnce();
+  }
 }
 
 bool WindowProgram::quit() {
-  if (m_quitting || !m_app.applicationShouldTerminate()) return false;
+  if (m_quitting) return false;
+  if (!m_consent.isActive() && !m_app.applicationShouldTerminate()) return false;
   quitAtOnce();
   return true;
 }

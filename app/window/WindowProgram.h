@@ -2,6 +2,8 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
+#include <functional>
 #include <memory>
 
 #include "AlertDialog.h"
@@ -40,6 +42,9 @@ class WindowProgram final : public QObject {
   bool quit();
   // Without a question, for a signal.
   void quitAtOnce();
+  // The desktop's session is about to end: keeps what is to be kept and asks when a conversion
+  // runs. Returns whether it may end; `quit` then does not ask again for a while.
+  [[nodiscard]] bool sessionMayEnd(const std::function<bool()> &mayAsk);
 
   [[nodiscard]] AppDelegate &app() { return m_app; }
   [[nodiscard]] AuxiliaryWindows &auxiliary() { return m_auxiliary; }
@@ -51,6 +56,8 @@ class WindowProgram final : public QObject {
   void tellAboutStore();
   void showSpeedHint();
   void showLauncherProgress();
+  void endSoon();
+  void endWhenQuiet();
 
   DesktopServices m_desktop;
   ostrak::WindowAlertPresenter m_presenter;
@@ -59,10 +66,12 @@ class WindowProgram final : public QObject {
   DestinationFolders m_folders;
   WindowPanels m_panels;
   DestinationRoad m_road;
+  std::function<void()> m_endLoop;
   AppDelegate m_app;
   SettingBinder m_binder;
   std::unique_ptr<MainWindow> m_window;
   AuxiliaryWindows m_auxiliary;
+  QTimer m_consent;  // runs while a consent to end holds
   bool m_quitting = false;
 };
 

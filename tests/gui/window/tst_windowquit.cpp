@@ -156,7 +156,8 @@ void TestWindowQuit::lastConversionQuitsWhenWanted() {
   QCOMPARE(m_b->quits, 0);
   m_b->letGo();
   QTRY_COMPARE(m_b->quits, 1);
-  QCOMPARE(m_b->count(JobStateFinished), 2);
+  for (const QString &name : {u"slow.m4v"_s, u"2.m4v"_s})
+    QVERIFY(QFile::exists(m_b->path(name)));
 }
 
 int main(int argc, char **argv) {

@@ -2,6 +2,7 @@
 #include <QTest>
 #include <thread>
 
+#include "AlertQueue.h"
 #include "Alerts.h"
 #include "Dispatch.h"
 #include "ScratchProgram.h"
@@ -18,7 +19,10 @@ class TestAlertQueue final : public QObject {
   void waitsForTheHandler();
   void showsOneAfterTheOther();
   void waitsForAnAlertOnTheScreen();
-  void dropsEqualsStillWaiting();
+  void showsEqualsStillWaitingOnce();
+  void oneAnswerForEqualReports();
+  void nothingOutlivesThePresenter();
+  void tellsWhenItIsIdle();
   void showsAnEqualAgainOnceAnswered();
   void manyThatDifferAreEachShown();
   void anAnswerMayRaiseAnother();
@@ -104,7 +108,7 @@ void TestAlertQueue::waitsForAnAlertOnTheScreen() {
   QTRY_COMPARE_WITH_TIMEOUT(titles(), (QStringList{u"direct"_s, u"posted"_s}), 20000);
 }
 
-void TestAlertQueue::dropsEqualsStillWaiting() {
+void TestAlertQueue::showsEqualsStillWaitingOnce() {
   int answers = 0;
   for (int round = 0; round < 3; ++round) {
     postAlert(titled(u"same"_s), [&answers](int) { ++answers; });
@@ -113,7 +117,55 @@ void TestAlertQueue::dropsEqualsStillWaiting() {
   postAlert(titled(u"other"_s), [&last](int) { last = true; });
   QTRY_VERIFY_WITH_TIMEOUT(last, 20000);
   QCOMPARE(titles(), (QStringList{u"same"_s, u"other"_s}));
+  QCOMPARE(answers, 3);
+}
+
+void TestAlertQueue::oneAnswerForEqualReports() {
+  int answers = 0;
+  Alert report = titled(u"report"_s);
+  report.problemReport = true;
+  for (int round = 0; round < 3; ++round)
+    postAlert(report, [&answers](int) { ++answers; });
+  bool last = false;
+  postAlert(titled(u"other"_s), [&last](int) { last = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(last, 20000);
   QCOMPARE(answers, 1);
+}
+
+void TestAlertQueue::nothingOutlivesThePresenter() {
+  AlertQueue &queue = AlertQueue::instance();
+  bool called = false;
+  postAlert(titled(u"late"_s), [&called](int) { called = true; });
+  queue.whenIdle([&called] { called = true; });
+  QVERIFY(!queue.isIdle());
+  setAlertPresenter(nullptr);
+  QVERIFY(queue.isIdle());
+  setAlertPresenter(&m_program->presenter());
+  bool last = false;
+  postAlert(titled(u"other"_s), [&last](int) { last = true; });
+  QTRY_VERIFY_WITH_TIMEOUT(last, 20000);
+  QCOMPARE(titles(), QStringList{u"other"_s});
+  QVERIFY(!called);
+}
+
+void TestAlertQueue::tellsWhenItIsIdle() {
+  showLikeAWindow();
+  QStringList steps;
+  AlertQueue &queue = AlertQueue::instance();
+  for (const QString &title : {u"one"_s, u"two"_s})
+    postAlert(titled(title), [&steps, title](int) { steps.append(title); });
+  queue.whenIdle([&] { steps.append(queue.isIdle() ? u"idle"_s : u"busy"_s); });
+  QTRY_COMPARE_WITH_TIMEOUT(steps, QStringList({u"one"_s, u"two"_s, u"idle"_s}), 20000);
+  // And while only one that was not posted is on the screen.
+  steps.clear();
+  m_program->presenter().setWhileShown([&](Alert &) {
+    queue.whenIdle([&steps] { steps.append(u"idle"_s); });
+    QCoreApplication::processEvents();
+    steps.append(u"shown"_s);
+  });
+  Alert direct = titled(u"direct"_s);
+  (void)presentAlert(direct);
+  QTRY_COMPARE_WITH_TIMEOUT(steps, QStringList({u"shown"_s, u"idle"_s}), 20000);
 }
 
 void TestAlertQueue::showsAnEqualAgainOnceAnswered() {

@@ -54,7 +54,14 @@ AppServices WindowBench::services() {
       JobServices{sleepInhibitor, notifier, revealer, program.opener(), program.keyboard(), volumes,
                   clock, sandbox, program.toolPath(), ostrak::tk->docDir()});
   m_jobs->progressInterval = std::chrono::milliseconds(10);
-  return {*m_jobs, trashCan, {u"eng"_s}, [this] { ++quits; }, prober.function()};
+  return {*m_jobs,
+          trashCan,
+          {u"eng"_s},
+          [this] {
+            ++quits;
+            QCoreApplication::exit();
+          },
+          prober.function()};
 }
 
 QString WindowBench::movie(const QString &name) const {
