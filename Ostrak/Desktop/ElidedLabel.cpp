@@ -5,6 +5,8 @@
 #include <QResizeEvent>
 #include <QStyle>
 
+#include "ScaledFont.h"
+
 namespace ostrak {
 
 namespace {
@@ -63,14 +65,28 @@ void ElidedLabel::elide() {
 HintLabel::HintLabel(QWidget *parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
-  dress();
+  followParent();
 }
 
 HintLabel::~HintLabel() = default;
 
+void HintLabel::followParent() {
+  if (parentWidget()) parentWidget()->installEventFilter(this);
+  dress();
+}
+
 bool HintLabel::event(QEvent *event) {
+  if (event->type() == QEvent::ParentAboutToChange && parentWidget())
+    parentWidget()->removeEventFilter(this);
+  if (event->type() == QEvent::ParentChange) followParent();
   if (event->type() == QEvent::DynamicPropertyChange) dress();
   return QLabel::event(event);
+}
+
+// The label has a size of its own, so that another size around it does not reach it by itself.
+bool HintLabel::eventFilter(QObject *watched, QEvent *event) {
+  if (watched == parentWidget() && event->type() == QEvent::FontChange) dress();
+  return QLabel::eventFilter(watched, event);
 }
 
 void HintLabel::changeEvent(QEvent *event) {
@@ -84,9 +100,7 @@ void HintLabel::changeEvent(QEvent *event) {
 void HintLabel::dress() {
   m_dressing = true;
   const QWidget *around = parentWidget() ? parentWidget() : this;
-  QFont small = around->font();
-  small.setPointSizeF(small.pointSizeF() * hintSize);
-  setFont(small);
+  setFont(scaledFont(around->font(), hintSize));
   QPalette quiet = around->palette();
   quiet.setColor(QPalette::Active, QPalette::WindowText,
                  mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));

@@ -41,9 +41,11 @@ class HintLabel final : public QLabel {
 
  protected:
   bool event(QEvent *event) override;
+  bool eventFilter(QObject *watched, QEvent *event) override;
   void changeEvent(QEvent *event) override;
 
  private:
+  void followParent();
   void dress();
   bool m_dressing = false;
 };

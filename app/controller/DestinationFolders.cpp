@@ -79,6 +79,13 @@ QStringList DestinationFolders::names() const {
   return names;
 }
 
+QStringList DestinationFolders::paths() const {
+  QStringList paths;
+  for (const QVariant &bookmark : ostrak::defaultArray(bookmarksKey))
+    paths.append(ostrak::folderOfBookmark(bookmark.toByteArray()).value_or(QString()));
+  return paths;
+}
+
 void DestinationFolders::open(const QString &folder) {
   m_opened.append({folder, false});
 }

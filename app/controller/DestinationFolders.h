@@ -30,6 +30,8 @@ class DestinationFolders final : public QObject {
   void checkStored();
 
   [[nodiscard]] QStringList names() const;
+  // Where the folders of these names are now; empty for one that is gone. Looks at the disk.
+  [[nodiscard]] QStringList paths() const;
   [[nodiscard]] const QList<Opened> &openedFolders() const { return m_opened; }
   // A folder picked by the user for this run.
   void open(const QString &folder);

@@ -3,6 +3,7 @@
 #include <QTabWidget>
 
 #include "InterfaceFile.h"
+#include "MissingForm.h"
 #include "ViewSearch.h"
 
 using namespace Qt::StringLiterals;
@@ -35,7 +36,10 @@ void AuxiliaryWindows::closeAll() {
 void AuxiliaryWindows::openWindow(QPointer<QWidget> &window, const QString &nibName) {
   if (!window) {
     window = ostrak::loadInterface(nibName);
-    if (!window) return;
+    if (!window) {
+      tellFormMissing(nibName);
+      return;
+    }
     window->setAttribute(Qt::WA_DeleteOnClose);
   }
   window->show();

@@ -1,5 +1,6 @@
 #include "FilePanel.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QFileInfo>
@@ -72,6 +73,9 @@ void FilePanel::update() {
   m_addButton->setText(m_app->addButtonTitle());
   m_addButton->setAccessibleName(m_app->addButtonTitle());
   const bool showsRecord = !busy && intake.fileInfo().has_value();
+  const bool idle = intake.state() == Intake::State::Idle;
+  if (!showsRecord && (idle || !m_skipButton->hasFocus())) giveFocusAway();
+  m_skipButton->setEnabled(!idle);
   for (QWidget *control :
        {static_cast<QWidget *>(m_audioPopUp), static_cast<QWidget *>(m_destinationPopUp),
         static_cast<QWidget *>(m_addButton)}) {
@@ -84,7 +88,7 @@ void FilePanel::update() {
     m_information->setFullText(localized(u"Looking into the file…"_s));
     m_subtitle->setFullText({});
   }
-  showPanel(intake.state() != Intake::State::Idle);
+  showPanel(!idle);
 }
 
 void FilePanel::showRecord() {
@@ -94,16 +98,31 @@ void FilePanel::showRecord() {
   const QString subtitle = QFileInfo(record.subtitleFileURL.toLocalFile()).fileName();
   m_subtitle->setFullText(
       subtitle.isEmpty() ? QString() : ostrak::makeString(localized(u"Subtitles: %@"_s), subtitle));
+  fillAudioMenu();
+}
+
+// Only anew when it has other entries: this is also told of the user's choice, by the menu itself.
+void FilePanel::fillAudioMenu() {
+  QStringList texts;
+  for (const AudioTrackDescription &track : m_app->intake().fileInfo()->audioTrackInformation)
+    texts.append(track.text);
   const QSignalBlocker blocker(m_audioPopUp);
-  m_audioPopUp->clear();
-  for (const AudioTrackDescription &track : record.audioTrackInformation)
-    m_audioPopUp->addItem(track.text);
+  if (texts != m_audioTexts) {
+    m_audioTexts = texts;
+    m_audioPopUp->clear();
+    m_audioPopUp->addItems(texts);
+  }
   if (m_audioPopUp->count() == 0) {
     m_audioPopUp->setEnabled(false);
     m_audioPopUp->setPlaceholderText(localized(u"No sound"_s));
     return;
   }
   m_audioPopUp->setCurrentIndex(static_cast<int>(m_app->intake().audioTrackIndex()));
+}
+
+void FilePanel::giveFocusAway() {
+  const QWidget *focus = QApplication::focusWidget();
+  if (focus && isAncestorOf(focus)) Q_EMIT focusFree();
 }
 
 int FilePanel::wantedHeight() const {

@@ -41,6 +41,8 @@ class FilePanel final : public QFrame {
  Q_SIGNALS:
   // The user wants the shown file to be queued.
   void addClicked();
+  // The panel had the keyboard's focus and has nothing any more to do with it.
+  void focusFree();
 
  protected:
   bool event(QEvent *event) override;
@@ -48,6 +50,8 @@ class FilePanel final : public QFrame {
  private:
   void update();
   void showRecord();
+  void fillAudioMenu();
+  void giveFocusAway();
   void showPanel(bool shown);
   [[nodiscard]] int wantedHeight() const;
   [[nodiscard]] int shownHeight() const { return maximumHeight(); }
@@ -63,6 +67,7 @@ class FilePanel final : public QFrame {
   QPushButton *m_addButton = nullptr;
   QToolButton *m_skipButton = nullptr;
   QVariantAnimation *m_slide = nullptr;
+  QStringList m_audioTexts;  // entries of the audio menu
   bool m_shown = false;
 };
 

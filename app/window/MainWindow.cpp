@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <cstdio>
 
 #include "Alerts.h"
 #include "AppDelegate.h"
@@ -15,19 +16,21 @@
 #include "DestinationFolders.h"
 #include "DestinationPopUp.h"
 #include "DestinationRoad.h"
+#include "DropMark.h"
 #include "ElidedLabel.h"
 #include "FilePanel.h"
 #include "InterfaceFile.h"
 #include "JobActions.h"
 #include "JobListModel.h"
 #include "JobListView.h"
+#include "MissingForm.h"
 #include "Ostrak.h"
 #include "PictureView.h"
 #include "PreferencesWindow.h"
 #include "SettingBinder.h"
 #include "StylePanel.h"
 #include "Text.h"
-#include "ThemeIcon.h"
+#include "WheelGuard.h"
 #include "WindowPanels.h"
 #include "WindowTexts.h"
 
@@ -54,23 +57,14 @@ QWidget *makeWidget(const QString &className, QWidget *parent) {
 
 const QString geometryKey = u"MainWindowGeometry"_s;
 constexpr QSize usualSize(720, 580);
-
-struct ActionIcon {
-  const char *action;
-  const char *theme;
-  const char *shipped;
-};
-constexpr ActionIcon actionIcons[] = {
-    {"addAction", "list-add", "toolbar_add"},
-    {"cleanAction", "edit-clear-all", "toolbar_clean"},
-    {"preferencesAction", "configure", "toolbar_preferences"},
-    {"helpAction", "help-contents", "toolbar_help"},
-};
+constexpr QSize usualPreferencesSize(460, 420);
 
 }  // namespace
 
 MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent) {
   setAcceptDrops(true);
+  // It would hide the toolbar, which nothing else brings back.
+  setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 MainWindow::~MainWindow() = default;
@@ -78,7 +72,10 @@ MainWindow::~MainWindow() = default;
 std::unique_ptr<MainWindow> MainWindow::load(const WindowParts &parts) {
   std::unique_ptr<QWidget> loaded(ostrak::loadInterface(u"MainWindow"_s, nullptr, makeWidget));
   auto *window = qobject_cast<MainWindow *>(loaded.get());
-  if (!window) return nullptr;
+  if (!window) {
+    std::fprintf(stderr, "decant: %s\n", qUtf8Printable(missingFormText(u"MainWindow"_s)));
+    return nullptr;
+  }
   loaded.release();
   window->follow(parts);
   return std::unique_ptr<MainWindow>(window);
@@ -99,9 +96,8 @@ void MainWindow::follow(const WindowParts &parts) {
 
   outlet<ostrak::PictureView>(*this, u"helpImageView"_s)
       .setPicture(QIcon(tk->resDir() + u"/images/help.svg"_s), QSize(160, 112));
-  QFont large = font();
-  large.setPointSizeF(large.pointSizeF() * 1.5);
-  outlet<QLabel>(*this, u"helpLabel"_s).setFont(large);
+  m_dropMark = new DropMark(*m_jobArea);
+  enlargeInvitation();
 
   connect(m_model, &QAbstractItemModel::rowsInserted, this, &MainWindow::showEmptyOrList);
   connect(m_model, &QAbstractItemModel::rowsRemoved, this, &MainWindow::showEmptyOrList);
@@ -113,12 +109,15 @@ void MainWindow::follow(const WindowParts &parts) {
   dressActions();
   for (QWidget *button : outlet<QToolBar>(*this, u"toolBar"_s).findChildren<QToolButton *>())
     button->setFocusPolicy(Qt::TabFocus);
+  (new WheelGuard(this))->guard(*this);
   showEmptyOrList();
   restorePlace();
 }
 
+// With large letters the window opens larger.
 void MainWindow::restorePlace() {
-  if (!restoreGeometry(ostrak::defaultObject(geometryKey).toByteArray())) resize(usualSize);
+  if (!restoreGeometry(ostrak::defaultObject(geometryKey).toByteArray()))
+    resize(usualSize.expandedTo(sizeHint()));
 }
 
 void MainWindow::keepGeometry() const {
@@ -205,28 +204,7 @@ void MainWindow::connectDestinations() {
     if (m_preferences) m_preferences->destinations().select(0);
   });
   connect(m_filePanel, &FilePanel::addClicked, this, &MainWindow::addToQueue);
-}
-
-void MainWindow::dressActions() {
-  for (const ActionIcon &icon : actionIcons) {
-    action(QString::fromLatin1(icon.action))
-        .setIcon(ostrak::themeIcon(QString::fromLatin1(icon.theme),
-                                   QString::fromLatin1(icon.shipped), palette()));
-  }
-  updatePauseTexts();
-}
-
-void MainWindow::updatePauseTexts() {
-  const bool paused = m_parts->app.queue().paused();
-  const QString text = paused ? localized(u"Resume Queue"_s) : localized(u"Pause Queue"_s);
-  QAction &item = action(u"pauseContinueToolbarItem"_s);
-  item.setText(text);
-  item.setIconText(text);
-  item.setToolTip(text);
-  item.setIcon(paused
-                   ? ostrak::themeIcon(u"media-playback-start"_s, u"toolbar_start"_s, palette())
-                   : ostrak::themeIcon(u"media-playback-pause"_s, u"toolbar_pause"_s, palette()));
-  action(u"pauseContinueMenuItem"_s).setText(text);
+  connect(m_filePanel, &FilePanel::focusFree, m_jobList, [this] { m_jobList->setFocus(); });
 }
 
 void MainWindow::showEmptyOrList() {
@@ -248,10 +226,15 @@ void MainWindow::openPreferences() {
   if (!m_preferences) {
     auto *loaded = ostrak::loadInterface(u"PreferencesWindow"_s, this, makeWidget);
     m_preferences = qobject_cast<PreferencesWindow *>(loaded);
-    if (!m_preferences) return;
+    if (!m_preferences) {
+      delete loaded;
+      tellFormMissing(u"PreferencesWindow"_s);
+      return;
+    }
     m_preferences->setWindowFlag(Qt::Dialog);
     m_parts->panels.setPreferencesWindow(m_preferences);
     m_preferences->follow(m_parts->binder, m_parts->folders);
+    m_preferences->resize(usualPreferencesSize.expandedTo(m_preferences->sizeHint()));
     connect(m_preferences, &PreferencesWindow::closing, this,
             [] { tk->userDefaults().synchronize(); });
     connect(m_preferences, &PreferencesWindow::addFolderWanted, this,
@@ -272,11 +255,6 @@ void MainWindow::openMainWindow() {
 void MainWindow::closeEvent(QCloseEvent *event) {
   event->ignore();
   Q_EMIT quitWanted();
-}
-
-void MainWindow::changeEvent(QEvent *event) {
-  QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && m_parts) dressActions();
 }
 
 }  // namespace decant

@@ -12,6 +12,7 @@ class AppDelegate;
 class DestinationFolders;
 class DestinationPopUp;
 class DestinationRoad;
+class DropMark;
 class FilePanel;
 class JobActions;
 class JobListModel;
@@ -71,6 +72,7 @@ class MainWindow final : public QMainWindow {
   void dressActions();
   void updatePauseTexts();
   void showEmptyOrList();
+  void enlargeInvitation();
   void showDropPlace(bool shown);
   void addClicked();
   void tellAbout();
@@ -85,6 +87,7 @@ class MainWindow final : public QMainWindow {
   StylePanel *m_style = nullptr;
   DestinationPopUp *m_destinations = nullptr;
   QStackedWidget *m_jobArea = nullptr;
+  DropMark *m_dropMark = nullptr;
   PreferencesWindow *m_preferences = nullptr;
 };
 

@@ -4,14 +4,12 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QStackedWidget>
 #include <QUrl>
 
 #include "AppDelegate.h"
+#include "DropMark.h"
 #include "MainWindow.h"
 #include "SortedFiles.h"
-
-using namespace Qt::StringLiterals;
 
 namespace decant {
 
@@ -81,9 +79,8 @@ void MainWindow::paste() {
 }
 
 void MainWindow::showDropPlace(bool shown) {
-  m_jobArea->setStyleSheet(
-      shown ? u"QStackedWidget { border: 3px solid palette(highlight); border-radius: 6px; }"_s
-            : QString());
+  m_dropMark->setVisible(shown);
+  m_dropMark->raise();
 }
 
 }  // namespace decant

@@ -9,6 +9,7 @@
 #include "DestinationPopUp.h"
 #include "InterfaceFile.h"
 #include "SettingBinder.h"
+#include "WheelGuard.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::outlet;
@@ -37,12 +38,18 @@ void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folder
   connect(m_list, &QListWidget::currentRowChanged, this,
           [this](int row) { m_remove->setEnabled(row >= 0); });
   connect(&folders, &DestinationFolders::changed, this, &PreferencesWindow::listFolders);
+  (new WheelGuard(this))->guard(*this);
   listFolders();
 }
 
 void PreferencesWindow::listFolders() {
   m_list->clear();
   m_list->addItems(m_folders->names());
+  const QStringList paths = m_folders->paths();
+  for (int row = 0; row < m_list->count(); ++row) {
+    m_list->item(row)->setToolTip(paths.value(row));
+    m_list->item(row)->setData(Qt::AccessibleDescriptionRole, paths.value(row));
+  }
   m_remove->setEnabled(m_list->currentRow() >= 0);
   m_destinations->rebuild();
 }

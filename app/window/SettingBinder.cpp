@@ -34,6 +34,12 @@ qint64 storedValue(const QString &key) {
                                                          : settingInt(name.constData());
 }
 
+bool hasEffect(const QWidget &control, const QString &enabling) {
+  const QVariant wanted = control.property("enabledByValue");
+  const qint64 value = storedValue(enabling);
+  return wanted.isValid() ? value == wanted.toLongLong() : value != 0;
+}
+
 }  // namespace
 
 SettingBinder::SettingBinder(QObject *parent) : QObject(parent) {}
@@ -46,7 +52,7 @@ void SettingBinder::bind(QWidget &form) {
     const QString enabling = control->property("enabledBy").toString();
     if (!enabling.isEmpty()) {
       m_enabled.insert(enabling, control);
-      control->setEnabled(storedValue(enabling) != 0);
+      control->setEnabled(hasEffect(*control, enabling));
     }
     if (!key.isEmpty()) connectControl(*control, key);
     if (key.isEmpty() && enabling.isEmpty()) continue;
@@ -88,7 +94,7 @@ void SettingBinder::refresh(const QString &key) {
   for (QWidget *control : m_controls.values(key))
     show(*control, key);
   for (QWidget *control : m_enabled.values(key))
-    control->setEnabled(storedValue(key) != 0);
+    control->setEnabled(hasEffect(*control, key));
 }
 
 void SettingBinder::store(const QString &key, qint64 value) {

@@ -11,7 +11,8 @@ namespace decant {
 // Binds the controls of the forms to settings. A control names its key in the dynamic property
 // "setting"; a menu whose entries are no indexes lists their values in "settingValues"; a checkbox
 // that says the opposite has "settingInverted"; a control without effect while another setting is 0
-// names that in "enabledBy". Changes reach the store at once, and every other control of the same
+// names that in "enabledBy", or, when that must have one certain value, also this in
+// "enabledByValue". Changes reach the store at once, and every other control of the same
 // key. Main thread.
 class SettingBinder final : public QObject {
   Q_OBJECT

@@ -61,7 +61,8 @@ void StylePanel::setOptionsShown(bool shown) {
   m_options.setChecked(shown);
   if (auto *button = qobject_cast<QToolButton *>(&m_options)) {
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setArrowType(shown ? Qt::DownArrow : Qt::RightArrow);
+    const bool mirrored = button->layoutDirection() == Qt::RightToLeft;
+    button->setArrowType(shown ? Qt::DownArrow : mirrored ? Qt::LeftArrow : Qt::RightArrow);
   }
 }
 

@@ -243,8 +243,18 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <source>For two loudspeakers. Off copies the track with all its channels.</source>
+        <translation>Für zwei Lautsprecher. Aus übernimmt die Spur mit allen Kanälen.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>Make &amp;DTS surround sound stereo</source>
         <translation>DTS-Surround auf Stereo ab&amp;mischen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <source>Off keeps all channels of the track, as AC3.</source>
+        <translation>Aus behält alle Kanäle der Spur, als AC3.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
@@ -423,7 +433,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
-        <location filename="../../../app/window/MainWindow.cpp"/>
+        <location filename="../../../app/window/MainWindowDress.cpp"/>
         <source>Pause Queue</source>
         <translation>Warteschlange anhalten</translation>
     </message>
@@ -782,8 +792,8 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/PreferencesWindow.ui"/>
-        <source>These two belong to the style High Speed &amp; Quality.</source>
-        <translation>Diese beiden gehören zur Umwandlungsart „Schnell und hochwertig“.</translation>
+        <source>These two have an effect under the style High Speed &amp; Quality only.</source>
+        <translation>Diese beiden wirken nur bei der Umwandlungsart „Schnell und hochwertig“.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/PreferencesWindow.ui"/>
@@ -1154,6 +1164,7 @@ Wer zufrieden ist, darf es weitersagen.</translation>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <location filename="../../../app/probe/ProbeAlerts.cpp"/>
         <location filename="../../../app/window/MainWindow.cpp"/>
+        <location filename="../../../app/window/MissingForm.cpp"/>
         <location filename="../../../app/window/WindowProgram.cpp"/>
         <source>OK</source>
         <translation>OK</translation>
@@ -2174,9 +2185,14 @@ Ausgabe des Befehls: %@</translation>
         <translation>Gießt Filme in MP4-Dateien um, die überall laufen. Die Arbeit macht ffmpeg, das eigene Lizenzen hat.</translation>
     </message>
     <message>
-        <location filename="../../../app/window/MainWindow.cpp"/>
+        <location filename="../../../app/window/MainWindowDress.cpp"/>
         <source>Resume Queue</source>
         <translation>Warteschlange fortsetzen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/MissingForm.cpp"/>
+        <source>%@ is missing from the program's folder; install Decant again.</source>
+        <translation>%@ fehlt im Ordner des Programms; bitte Decant neu installieren.</translation>
     </message>
     <message>
         <location filename="../../../app/window/WindowPanels.cpp"/>
