@@ -81,7 +81,7 @@ class Program:
         self.starts += 1
         with open(self.home / f"output-{self.starts}", "wb") as output:
             return subprocess.Popen([self.bundle / "decant", *map(str, arguments)], env=variables,
-                                    stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT,
+                                    stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT, cwd=self.movies,
                                     preexec_fn=dies_with_the_test)
 
     def output(self):

@@ -1,5 +1,6 @@
 """What an assistive technology finds: every control has a role, a name and the keyboard; a conversion is
 started and removed by the keyboard alone, and by accessible actions alone."""
+import re
 import unittest
 
 from case import HALFWAY, WindowCase
@@ -21,26 +22,31 @@ class Accessibility(WindowCase):
             return " ".join(self.screen.labels(node)) or node.get_description()
         return node.get_name()
 
-    def stops(self, window):
-        """The controls that the keyboard reaches, by walking round once."""
+    def stops(self, nodes):
+        """Which of the nodes the keyboard reaches, by walking round once."""
         seen = []
+        node = self.screen.focused(nodes)
         for _ in range(80):
-            node = self.screen.focused(window)
             if node is not None:
                 if node in seen:
                     return seen
                 seen.append(node)
             before = node
             self.screen.press("Tab")
-            self.wait(lambda: self.screen.focused(window) not in (None, before),
-                      f"the focus to move from {before and self.name(before)}")
+            node = self.wait(lambda: self.other_than(before, nodes),
+                             f"the focus to move from {before and self.name(before)}")
         self.fail("the keyboard never comes round")
+
+    def other_than(self, before, nodes):
+        """What has the keyboard, unless that is what had it before."""
+        node = self.screen.focused(nodes)
+        return None if node == before else node
 
     def check(self, window):
         """Roles and names of everything shown, and a way for the keyboard to every control."""
         screen = self.screen
-        problems, wanted = [], []
-        for node in screen.walk(window):
+        problems, wanted, nodes = [], [], list(screen.walk(window))
+        for node in nodes:
             role, name = node.get_role_name(), self.name(node)
             if role not in CONTROLS | CONTAINERS | WORDS:
                 problems.append(f"unexpected role {role} of '{node.get_name()}'")
@@ -49,7 +55,7 @@ class Accessibility(WindowCase):
                 problems.append(f"a {role} '{node.get_name()}' without a name")
             if takes_keys:
                 wanted.append(node)
-        reached = self.stops(window)
+        reached = self.stops(nodes)
         problems += [f"the keyboard reaches something that is not shown: {node.get_role_name()} {node.get_name()}"
                      for node in reached if screen.place(node)[3] < 4]
         missed = [node for node in wanted if node not in reached
@@ -74,6 +80,7 @@ class Accessibility(WindowCase):
     def test_with_jobs(self):
         screen = self.queue("one.mkv", "two.mkv")
         self.row("two.mkv", "Finished.*")
+        screen.gone("push button", "Skip")
         self.check(screen.find("frame", "Decant.*"))
 
     def test_options_of_each_style(self):
@@ -101,7 +108,7 @@ class Accessibility(WindowCase):
         """Goes on by Tab until that control has the keyboard."""
         for _ in range(40):
             node = self.screen.focused()
-            if node and node.get_role_name() == role and node.get_name() == name:
+            if node and node.get_role_name() == role and re.fullmatch(name, node.get_name()):
                 return
             self.screen.press("Tab")
             self.wait(lambda: self.screen.focused() != node, "the focus to move")
@@ -109,25 +116,27 @@ class Accessibility(WindowCase):
 
     def test_by_keyboard_alone(self):
         self.program.scenario(HALFWAY)
-        movie = self.program.movie("one.mkv")
+        self.program.movie("one.mkv")
         screen = self.open()
         screen.press("ctrl+o")
         dialog = screen.find("dialog", ".+")
         self.wait(lambda: screen.has(screen.find("text", "File name:", dialog), "FOCUSED"), "the keyboard there")
-        screen.type(str(movie))
-        screen.press("Return")
+        screen.find("table cell", "one.mkv", dialog)
+        screen.type("one.mkv")
+        # The first may go to the list of names that begin so; the main window does nothing on it.
+        screen.press("Return", "Return")
         screen.find("push button", "Start Conversion")
         self.focus("push button", "Start Conversion")
         screen.press("space")
         self.row("one.mkv", "Converting.*")
         self.wait(self.output_of("one.mkv").exists, "something written")
-        self.focus("list item", self.row("one.mkv").get_name())
+        self.focus("list item", "one.mkv, .*")
         screen.press("space")
         self.row("one.mkv", "Paused.*")
         screen.press("Delete")
         self.no_row("one.mkv")
         self.wait(lambda: not self.program.tools(), "the tool to end")
-        self.assertFalse(self.output_of("one.mkv").exists())
+        self.wait(lambda: not self.output_of("one.mkv").exists(), "the partial output to go")
 
     def test_by_accessible_actions_alone(self):
         self.program.scenario(HALFWAY)
@@ -143,7 +152,7 @@ class Accessibility(WindowCase):
             self.row("one.mkv", status + ".*")
         screen.act(screen.find("menu item", "Remove"), "Press")
         self.no_row("one.mkv")
-        self.assertFalse(self.output_of("one.mkv").exists())
+        self.wait(lambda: not self.output_of("one.mkv").exists(), "the partial output to go")
 
 
 if __name__ == "__main__":

@@ -30,7 +30,7 @@ class FailureRoad(WindowCase):
 
         screen.row_button(row, 0)
         self.no_row("one.mkv")
-        self.assertFalse(self.output_of("one.mkv").exists())
+        self.wait(lambda: not self.output_of("one.mkv").exists(), "the partial output to go")
         self.assertTrue((self.program.movies / "one.mkv").exists())
 
 

@@ -119,7 +119,7 @@ class Screen:
         self.xdotool("key", "--clearmodifiers", *keys)
 
     def type(self, text):
-        """Types, and waits until the field has all of it."""
+        """Types into the field that has the keyboard, and waits until it has all of it."""
         field = until(self.focused, "a field")
         self.xdotool("type", "--delay", "0", text)
         read = self.atspi.Text.get_text
@@ -132,20 +132,15 @@ class Screen:
         assert names and (name is None or name in names), f"{node.get_name()}: {names}"
         assert action.do_action(node, names.index(name) if name else 0)
 
-    def focused(self, below=None):
-        """The control that has the keyboard, for a list its current entry; entries say so even without it."""
-        state = self.atspi.StateType
-        found, left = None, [below or self.app]
-        while left:
-            node = left.pop()
-            states = node.get_state_set()
-            if states.contains(state.FOCUSED):
+    def focused(self, nodes=None):
+        """Which one of the nodes, in the order of `walk`, has the keyboard; for a list its current entry.
+        Entries say that they have it even without their list."""
+        found = None
+        for node in nodes or self.walk():
+            if self.has(node, "FOCUSED"):
                 entry = node.get_role_name() in ("list item", "page tab")
                 if not entry or found == node.get_parent():
                     found = node
-            if node == self.app or states.contains(state.SHOWING):
-                left += [child for child in map(node.get_child_at_index, range(node.get_child_count() - 1, -1, -1))
-                         if child]
         return found
 
     def row_button(self, row, number):
