@@ -86,6 +86,9 @@ QStringList WindowBench::names() {
 bool WindowBench::click(const QString &name) {
   auto *button = find<QAbstractButton>(name);
   if (!button || !button->isVisible() || !button->isEnabled()) return false;
+  // In a panel that is still sliding in, it is not all there yet.
+  if (!QTest::qWaitFor([button] { return button->height() >= button->minimumSizeHint().height(); }))
+    return false;
   // Check boxes and radio buttons are hit on their mark only.
   QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
   return true;
