@@ -45,6 +45,8 @@ struct JobServices {
   std::chrono::milliseconds progressInterval{1000};  // between two looks at the progress
   // Whether the program is to end, asked while a call blocks; empty means never.
   std::function<bool()> interrupted = {};
+  // Called with true before, and with false after, a call that may block for seconds; may be empty.
+  std::function<void(bool)> busy = {};
 };
 
 // How `start` ended. The user has been told of everything but a launch.

@@ -78,6 +78,16 @@ bool claimDestination(PreparedRun &run, bool replaces, JobController &ad) {
   return false;
 }
 
+bool askForFixup(const ConversionPlan &plan, const JobServices &services) {
+  if (services.busy) services.busy(true);
+  const auto done = qScopeGuard([&services] {
+    if (services.busy) services.busy(false);
+  });
+  return needFixup(services.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
+                   plan.fileInfo.destinationURL.toLocalFile(),
+                   {.delays = services.stopDelays, .interrupted = services.interrupted});
+}
+
 }  // namespace
 
 PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobServices &services) {
@@ -98,9 +108,7 @@ PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobSe
   plan.settings = request.settings;
   run.progressFile = claimProgressFile(plan.fileInfo.fileName, services.progressFolder);
   plan.progressFile = run.progressFile.path();
-  plan.fixup = needFixup(services.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
-                         run.destinationURL.toLocalFile(),
-                         {.delays = services.stopDelays, .interrupted = services.interrupted});
+  plan.fixup = askForFixup(plan, services);
   run.arguments = completeArguments(plan);
   if (plan.fileInfo.subtitleFileURL.isLocalFile() && !plan.fileInfo.audioTrackInformation.isEmpty())
     ostrak::tk_log_level(5, u"Info: adding subtitles from file %@"_s,
