@@ -12,11 +12,11 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "AlertTexts.h"
 #include "NamedImage.h"
 #include "Ostrak.h"
 #include "Text.h"
@@ -33,8 +33,6 @@ constexpr int textAreaHeight = 200;
 constexpr int choiceWidth = 269;
 constexpr int choiceHeight = 17;
 constexpr int textWidth = 420;
-constexpr qsizetype longestTitle = 150;
-constexpr qsizetype keptOfTitle = 70;
 
 template <typename Control>
 Control *sized(Control *control) {
@@ -62,7 +60,8 @@ QPushButton *colorButton(const QString &color, QWidget *parent) {
 }
 
 QLabel *label(const QString &text, const QString &name, QWidget *parent) {
-  auto *made = new QLabel(text, parent);
+  auto *made = new QLabel(breakable(text), parent);
+  made->setAccessibleName(text);
   made->setObjectName(name);
   made->setTextFormat(Qt::PlainText);
   made->setWordWrap(true);
@@ -103,13 +102,19 @@ AlertDialog::AlertDialog(Alert &alert, QWidget *parent) : QDialog(parent), m_ale
   const QIcon own =
       alert.image.isNull() ? usual : QIcon(QPixmap::fromImage(namedImage(alert.image)));
   icon->setPixmap(own.pixmap(QSize(size, size), devicePixelRatioF()));
-  icon->setAccessibleName(localized(u"Information"_s));
+  icon->setAccessibleName(localized(alert.problemReport ? u"Problem"_s : u"Information"_s));
   row->addWidget(icon, 0, Qt::AlignTop);
   auto *column = new QVBoxLayout;
   column->setSpacing(10);
   row->addLayout(column, 1);
-  addTexts(*column);
-  addControl(*column);
+  auto *body = new QWidget(this);
+  auto *texts = new QVBoxLayout(body);
+  texts->setContentsMargins(0, 0, 0, 0);
+  texts->setSpacing(column->spacing());
+  addTexts(*texts);
+  addControl(*texts);
+  column->addWidget(heldToScreen(body, this));
+  if (auto *first = findChild<QRadioButton *>(u"alertChoice0"_s)) first->setFocus();
   addButtons(*column);
 }
 
@@ -173,16 +178,13 @@ void AlertDialog::addChoices(QVBoxLayout &column) {
   choices->setContentsMargins(0, 0, 0, 0);
   auto *group = new QButtonGroup(m_control);
   for (int index = 0; index < m_alert.items.size(); ++index) {
-    auto *choice = new QRadioButton(shortened(m_alert.items.at(index)), m_control);
+    auto *choice = new QRadioButton(shortenedChoice(m_alert.items.at(index)), m_control);
     choice->setObjectName(u"alertChoice%1"_s.arg(index));
     choice->setMinimumSize(choiceWidth, choiceHeight);
     group->addButton(choice, index);
     choices->addWidget(choice);
   }
-  if (QAbstractButton *first = group->button(0)) {
-    first->setChecked(true);
-    first->setFocus();
-  }
+  if (QAbstractButton *first = group->button(0)) first->setChecked(true);
   column.addWidget(m_control);
 }
 
@@ -245,11 +247,6 @@ void AlertDialog::showEvent(QShowEvent *event) {
 
 void AlertDialog::reject() {
   done(Rejected);
-}
-
-QString AlertDialog::shortened(const QString &title) {
-  if (title.size() <= longestTitle) return title;
-  return title.first(keptOfTitle) + u" […] "_s + title.last(keptOfTitle);
 }
 
 int WindowAlertPresenter::present(Alert &alert) {

@@ -23,8 +23,6 @@ class AlertDialog final : public QDialog {
   // Runs the dialog and returns the code of the pressed button: of the last one when the dialog is
   // deleted meanwhile.
   [[nodiscard]] int run();
-  // The first 70 and the last 70 characters of a longer title of a choice.
-  [[nodiscard]] static QString shortened(const QString &title);
 
   void reject() override;
 

@@ -38,14 +38,6 @@ int askForSelection(const QString &message, const QStringList &buttons, Alert::C
   return code;
 }
 
-// An item title as a row of radio buttons shows it.
-QString matrixTitle(const QString &item) {
-  constexpr qsizetype longest = 150;
-  constexpr qsizetype keptEnd = 70;
-  if (item.size() <= longest) return item;
-  return makeString(u"%@ […] %@"_s, item.first(keptEnd), item.last(keptEnd));
-}
-
 void silenceable(Silencing silencing, const QString &identifier, const QString &title,
                  const QString &message, const QString &defaultButton, const QString &checkboxTitle,
                  const QString &subject) {
@@ -66,6 +58,13 @@ void silenceable(Silencing silencing, const QString &identifier, const QString &
 }
 
 }  // namespace
+
+QString shortenedChoice(const QString &title) {
+  constexpr qsizetype longest = 150;
+  constexpr qsizetype keptEnd = 70;
+  if (title.size() <= longest) return title;
+  return makeString(u"%@ […] %@"_s, title.first(keptEnd), title.last(keptEnd));
+}
 
 void setAlertPresenter(AlertPresenter *presenter) {
   AlertQueue::instance().setPresenter(presenter);
@@ -141,7 +140,7 @@ int alert_selection_matrix(const QString &message, const QStringList &buttons,
                            const QStringList &items, int &selected) {
   QStringList titles;
   for (const QString &item : items)
-    titles.append(matrixTitle(item));
+    titles.append(shortenedChoice(item));
   return askForSelection(message, buttons, Alert::Control::Matrix, titles, selected);
 }
 

@@ -54,6 +54,10 @@ class AlertPresenter {
 // declines problem reports, and drops what still waits, unanswered.
 void setAlertPresenter(AlertPresenter *presenter);
 
+// An item's title as a row of radio buttons shows it: of one that is longer than 150 characters the
+// first and the last 70.
+[[nodiscard]] QString shortenedChoice(const QString &title);
+
 // Modal, main thread only: shows `alert` at once and returns the button's code.
 int presentAlert(Alert &alert);
 
