@@ -15,6 +15,7 @@
 #include "GivenFile.h"
 #include "GuardedApplication.h"
 #include "Logging.h"
+#include "MissingForm.h"
 #include "PreferredAudioTrack.h"
 #include "ProcessServices.h"
 #include "RealFileRevealer.h"
@@ -38,13 +39,16 @@ namespace {
 QtMessageHandler messageLog = nullptr;
 bool displayAnswered = false;
 
+void tellError(const QString &sentence) {
+  decant::DescriptorSink error(STDERR_FILENO);
+  decant::writeErrorLine(error, sentence);
+}
+
 // A display that is named but does not answer ends the program inside the toolkit: this says so in
 // a sentence first.
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message) {
   if (type == QtFatalMsg && !displayAnswered) {
-    decant::DescriptorSink error(STDERR_FILENO);
-    decant::writeErrorLine(
-        error,
+    tellError(
         u"There is no display to open a window on; convert movies with: decant convert "
         "FILE"_s);
     std::_Exit(decant::statusOf(decant::ExitCode::Failed));
@@ -114,7 +118,10 @@ int runProgram(ProcessServices &services, SessionServices &session, const GivenF
   decant::SignalWatcher signalWatcher;
   QObject::connect(&signalWatcher, &decant::SignalWatcher::interrupted, &program,
                    &decant::WindowProgram::quitAtOnce);
-  if (!program.open(files.paths)) return decant::statusOf(decant::ExitCode::Failed);
+  if (!program.open(files.paths)) {
+    tellError(decant::missingFormText(u"MainWindow"_s));
+    return decant::statusOf(decant::ExitCode::Failed);
+  }
   for (const QString &refusal : files.refusals)
     ostrak::postAlert(ostrak::apptitledAlert(refusal, {ostrak::localized(u"OK"_s)}));
   const int status = QCoreApplication::exec();
@@ -137,9 +144,13 @@ int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
   QApplication::setApplicationName(name);
   const GivenFiles files = givenFiles(decant::parseArguments(arguments).invocation.files);
   SessionServices session(name, identifier, platformData);
-  if (isServedByAnother(session.instance, files.paths))
-    return decant::statusOf(decant::ExitCode::Done);
   const QString resources = services.setup.bundlePath + u"/resources"_s;
+  if (isServedByAnother(session.instance, files.paths)) {
+    for (const QString &refusal : files.refusals)
+      tellError(refusal);
+    return decant::statusOf(files.refusals.isEmpty() ? decant::ExitCode::Done
+                                                     : decant::ExitCode::Failed);
+  }
   QApplication::setWindowIcon(
       QIcon::fromTheme(identifier, QIcon(resources + u"/images/decant.svg"_s)));
   const ostrak::Translations translations(resources + u"/translations"_s, languages);

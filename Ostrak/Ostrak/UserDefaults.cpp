@@ -107,6 +107,7 @@ void UserDefaults::remove(const QString &key) {
 void UserDefaults::synchronize() {
   if (m_persistence == Persistence::InMemory) return;
   bool wasBroken = false;
+  bool written = false;
   {
     const QMutexLocker fileLocker(&m_fileMutex);
     Values changes;
@@ -121,12 +122,34 @@ void UserDefaults::synchronize() {
       for (auto it = m_stored.cbegin(); it != m_stored.cend(); ++it)
         dirty.insert(it.key());
     }
-    writeChanges(dirty, changes);
+    written = writeChanges(dirty, changes);
   }
   if (wasBroken) {
     tk_log_level(3, u"Warning: the settings file could not be read and was kept as %@"_s,
                  keptAside());
   }
+  if (!written) writeFailed();
+}
+
+void UserDefaults::setUnwritable(std::function<void()> tell) {
+  bool failed = false;
+  {
+    const QMutexLocker locker(&m_mutex);
+    m_tellUnwritable = tell;
+    failed = m_unwritable;
+  }
+  if (failed && tell) tell();
+}
+
+void UserDefaults::writeFailed() {
+  std::function<void()> tell;
+  {
+    const QMutexLocker locker(&m_mutex);
+    if (std::exchange(m_unwritable, true)) return;
+    tell = m_tellUnwritable;
+  }
+  tk_log_level(3, u"Error: the settings file %@ cannot be written"_s, m_path);
+  if (tell) tell();
 }
 
 QSet<QString> UserDefaults::takeDirty(Values &changes) {
@@ -138,7 +161,7 @@ QSet<QString> UserDefaults::takeDirty(Values &changes) {
   return std::exchange(m_dirty, {});
 }
 
-void UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &changes) {
+bool UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &changes) {
   QDir().mkpath(QFileInfo(m_path).absolutePath());
   QSettings file(m_path, QSettings::IniFormat);
   for (const QString &key : dirty) {
@@ -152,10 +175,10 @@ void UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
   if (file.status() != QSettings::NoError) {
     const QMutexLocker locker(&m_mutex);
     m_dirty.unite(dirty);
-    return;
+    return false;
   }
   const std::optional<Values> written = readFile();
-  if (!written) return;
+  if (!written) return true;
   const QMutexLocker locker(&m_mutex);
   // What other processes wrote comes in; what changed here since stays as it is.
   Values merged = *written;
@@ -164,6 +187,7 @@ void UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
     if (const auto it = m_stored.constFind(key); it != m_stored.cend()) merged.insert(key, *it);
   }
   m_stored = std::move(merged);
+  return true;
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include <QSet>
 #include <QString>
 #include <QVariant>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -20,8 +21,8 @@ namespace ostrak {
 // All members may be called from any thread. The mutex around the values is a leaf: it is never
 // held while anything outside is called. The timer that writes needs the event loop of the
 // application object's thread; without one, changes reach the disk at `synchronize` and at the end.
-// A file that cannot be written is no error: its changes stay in memory and are tried again with
-// the next.
+// A file that cannot be written is logged once, and told by `setUnwritable`: its changes stay in
+// memory and are tried again with the next.
 class UserDefaults final {
  public:
   enum class Persistence {
@@ -44,6 +45,10 @@ class UserDefaults final {
   [[nodiscard]] QString keptAside() const;
   // Whether a broken settings file, or a folder in its place, was left where it is and not used.
   [[nodiscard]] bool isFileIgnored() const { return m_fileIgnored; }
+
+  // `tell` is called once, when a write fails for the first time: on the thread that writes, or
+  // here when one has failed already. Empty tells nobody.
+  void setUnwritable(std::function<void()> tell);
 
   // Adds fall-back values; never overwrites what is stored.
   void registerDefaults(const QVariantMap &defaults);
@@ -69,8 +74,9 @@ class UserDefaults final {
   [[nodiscard]] std::optional<Values> readFile() const;
   [[nodiscard]] bool isFolder() const;
   void moveAside();
+  void writeFailed();
   [[nodiscard]] QSet<QString> takeDirty(Values &changes);
-  void writeChanges(const QSet<QString> &dirty, const Values &changes);
+  [[nodiscard]] bool writeChanges(const QSet<QString> &dirty, const Values &changes);
 
   QString m_path;
   Persistence m_persistence;
@@ -84,6 +90,8 @@ class UserDefaults final {
   Values m_stored;
   QSet<QString> m_dirty;
   bool m_scheduled = false;
+  bool m_unwritable = false;  // a write has failed
+  std::function<void()> m_tellUnwritable;
   std::unique_ptr<Timer> m_timer;
 };
 

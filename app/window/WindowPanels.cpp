@@ -1,7 +1,10 @@
 #include "WindowPanels.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
+#include "Alerts.h"
+#include "Format.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +35,12 @@ Panels::PathAnswer::result_type answerFirst(const Panels::PathAnswer &answer,
   }
 }
 
+// "Film 1.5" has no extension, "Film.avi" another one: both get the wanted one.
+QString withExtension(const QString &path, const QString &extension) {
+  const QString wanted = u'.' + extension;
+  return path.endsWith(wanted, Qt::CaseInsensitive) ? path : path + wanted;
+}
+
 QString patterns(const QStringList &extensions) {
   QStringList found;
   for (const QString &extension : extensions) {
@@ -50,8 +59,31 @@ void WindowPanels::askForTarget(const QString &folder, const QString &name,
   dialog->setDefaultSuffix(extension);
   dialog->setNameFilter(localized(u"MP4 movies"_s) + u" (*."_s + extension + u')');
   dialog->selectFile(name);
-  show(dialog, u"savePanel"_s,
-       [answer = std::move(answer)](const QStringList &paths) { answerFirst(answer, paths); });
+  const auto chosen = [this, extension, answer = std::move(answer)](const QStringList &paths) {
+    const QString path = paths.isEmpty() ? QString() : withExtension(paths.first(), extension);
+    if (path.isEmpty() || path == paths.first() || !QFileInfo::exists(path)) {
+      answerFirst(answer, path.isEmpty() ? QStringList() : QStringList{path});
+    } else {
+      // The panel has asked about another name, or not at all.
+      askToReplace(path, extension, answer);
+    }
+  };
+  show(dialog, u"savePanel"_s, chosen);
+}
+
+void WindowPanels::askToReplace(const QString &path, const QString &extension,
+                                const PathAnswer &answer) {
+  const QFileInfo file(path);
+  ostrak::postAlert(
+      ostrak::apptitledAlert(
+          ostrak::makeString(localized(u"The file '%@' is there already. Replace it?"_s), path),
+          {localized(u"Replace"_s), localized(u"Choose Another"_s)}),
+      [this, path, file, extension, answer](int code) {
+        if (code == ostrak::firstButton)
+          answer(path);
+        else
+          askForTarget(file.absolutePath(), file.fileName(), extension, answer);
+      });
 }
 
 void WindowPanels::askForFolder(Over over, PathAnswer answer) {

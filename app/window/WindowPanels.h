@@ -21,6 +21,8 @@ class WindowPanels final : public Panels {
                    std::function<void(const QStringList &paths)> answer) override;
 
  private:
+  void askToReplace(const QString &path, const QString &extension, const PathAnswer &answer);
+
   QPointer<QWidget> m_mainWindow;
   QPointer<QWidget> m_preferencesWindow;
 };

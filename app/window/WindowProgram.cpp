@@ -28,6 +28,12 @@ constexpr std::chrono::minutes consentHolds{1};
 
 AppServices connected(AppServices services, DestinationRoad &road, std::function<void()> quit) {
   services.quit = std::move(quit);
+  services.jobs.busy = [](bool busy) {
+    if (busy)
+      QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+      QGuiApplication::restoreOverrideCursor();
+  };
   services.destination = [&road](const MKVFileInfo &record, const ClaimedNames &claimed,
                                  const DestinationAnswer &answer) {
     road.choose(record, claimed, answer);
@@ -52,6 +58,7 @@ WindowProgram::WindowProgram(AppServices app, const DesktopServices &desktop, QO
 }
 
 WindowProgram::~WindowProgram() {
+  ostrak::tk->userDefaults().setUnwritable({});
   m_notifier.setActivated({});
   m_desktop.singleInstance.setHandler({});
   m_app.applicationWillTerminate();
@@ -77,8 +84,15 @@ bool WindowProgram::open(const QStringList &paths) {
 }
 
 void WindowProgram::tellAboutStore() {
-  const ostrak::UserDefaults &store = ostrak::tk->userDefaults();
+  ostrak::UserDefaults &store = ostrak::tk->userDefaults();
   const QStringList ok{localized(u"OK"_s)};
+  store.setUnwritable([path = store.path(), ok] {
+    ostrak::postAlert(ostrak::apptitledAlert(
+        ostrak::makeString(localized(u"The settings cannot be written to the file '%@'; what you "
+                                     "change is forgotten when the program ends."_s),
+                           path),
+        ok));
+  });
   if (store.isFileIgnored())
     ostrak::postAlert(ostrak::apptitledAlert(
         ostrak::makeString(localized(u"The settings file '%@' could not be read and is not used; "

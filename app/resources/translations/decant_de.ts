@@ -1149,6 +1149,11 @@ Wer zufrieden ist, darf es weitersagen.</translation>
     </message>
     <message>
         <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <source>Information</source>
         <translation>Information</translation>
@@ -2206,6 +2211,21 @@ Ausgabe des Befehls: %@</translation>
     </message>
     <message>
         <location filename="../../../app/window/WindowPanels.cpp"/>
+        <source>The file '%@' is there already. Replace it?</source>
+        <translation>Die Datei „%@“ gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/WindowPanels.cpp"/>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/WindowPanels.cpp"/>
+        <source>Choose Another</source>
+        <translation>Anderen Namen wählen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/WindowPanels.cpp"/>
         <source>Choose a Folder</source>
         <translation>Ordner wählen</translation>
     </message>
@@ -2218,6 +2238,11 @@ Ausgabe des Befehls: %@</translation>
         <location filename="../../../app/window/WindowPanels.cpp"/>
         <source>Movies and subtitle files</source>
         <translation>Filme und Untertiteldateien</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/WindowProgram.cpp"/>
+        <source>The settings cannot be written to the file '%@'; what you change is forgotten when the program ends.</source>
+        <translation>Die Einstellungen können nicht in die Datei „%@“ geschrieben werden; Änderungen sind vergessen, wenn das Programm endet.</translation>
     </message>
     <message>
         <location filename="../../../app/window/WindowProgram.cpp"/>

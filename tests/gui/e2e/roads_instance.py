@@ -18,6 +18,12 @@ class InstanceRoads(WindowCase):
         self.row("one.mkv", "Finished.*")
         self.assertEqual(len(self.windows("^Decant")), 1)
 
+    def test_second_start_tells_what_it_cannot_take(self):
+        self.open()
+        second = self.program.run(os.fsdecode(b"\xff.mkv"))
+        self.assertEqual((second.returncode, second.stdout), (1, ""))
+        self.assertRegex(second.stderr, r"^decant: .*\.mkv: .+\n$")
+
     def test_both_started_at_once(self):
         movies = [self.program.movie(name) for name in ("one.mkv", "two.mkv")]
         both = [self.program.start_another(movie) for movie in movies]
@@ -47,6 +53,13 @@ class InstanceRoads(WindowCase):
         self.assertEqual(run.returncode, 1, run.stderr)
         self.assertIn("decant convert", run.stderr)
         self.assertEqual(run.stdout, "")
+
+    def test_form_that_is_missing(self):
+        (self.program.bundle / "resources" / "ui").unlink()
+        run = self.program.run()
+        self.assertEqual((run.returncode, run.stdout), (1, ""))
+        self.assertEqual(run.stderr, "decant: MainWindow.ui is missing from the program's folder; "
+                                     "install Decant again.\n")
 
     def test_no_display(self):
         run = self.program.run(self.program.movie("one.mkv"), DISPLAY="")

@@ -274,12 +274,13 @@ void TestWindowIntake::cancelledSavePanelKeepsTheFileShown() {
 }
 
 void TestWindowIntake::sourceAsTargetIsRefused() {
-  QVERIFY(m_b->show(u"Film.mkv"_s));
+  ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
+  QVERIFY(m_b->show(u"Film.mp4"_s));
   QVERIFY(m_b->click(u"addButton"_s));
-  QVERIFY(m_b->answerPanel(m_b->path(u"Film.mkv"_s)));
+  QVERIFY(m_b->answerPanel(m_b->path(u"Film.mp4"_s)));
   QTRY_COMPARE(m_b->presented().size(), 1);
   QCOMPARE(m_b->presented().first().buttons, QStringList{u"D'oh"_s});
-  QVERIFY(QFile::exists(m_b->path(u"Film.mkv"_s)));
+  QVERIFY(QFile::exists(m_b->path(u"Film.mp4"_s)));
   QVERIFY(m_b->names().isEmpty());
   QCOMPARE(m_b->intake().state(), State::Showing);
 }

@@ -1,0 +1,93 @@
+#include <QtTest>
+
+#include "Defaults.h"
+#include "WindowBench.h"
+#include "WindowTestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// The save panel holds the extension, whatever name a person types.
+class TestSavePanel final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    failOnWindowWarning();
+    m_b = std::make_unique<WindowBench>();
+    QVERIFY(m_b->open());
+    m_b->app().pauseContinueClicked(true);
+    QVERIFY(m_b->show(u"in/Film.mkv"_s));
+    QVERIFY(m_b->click(u"addButton"_s));
+  }
+  void cleanup() { m_b.reset(); }
+
+  void holdsTheExtension_data();
+  void holdsTheExtension();
+  void asksBeforeItReplaces();
+  void anotherNameInstead();
+  void unwritableSettingsAreTold();
+
+ private:
+  [[nodiscard]] QString destination() {
+    const auto &jobs = m_b->queue().taskArray();
+    return jobs.isEmpty() ? QString() : jobs.first()->fileInfo().destinationURL.toLocalFile();
+  }
+
+  std::unique_ptr<WindowBench> m_b;
+};
+
+void TestSavePanel::holdsTheExtension_data() {
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("taken");
+  QTest::newRow("as it should be") << u"out.m4v"_s << u"out.m4v"_s;
+  QTest::newRow("capitals") << u"out.M4V"_s << u"out.M4V"_s;
+  QTest::newRow("none") << u"out"_s << u"out.m4v"_s;
+  QTest::newRow("a number") << u"Film 1.5"_s << u"Film 1.5.m4v"_s;
+  QTest::newRow("another one") << u"x.avi"_s << u"x.avi.m4v"_s;
+}
+
+void TestSavePanel::holdsTheExtension() {
+  QFETCH(const QString, typed);
+  QFETCH(const QString, taken);
+  QVERIFY(m_b->answerPanel(m_b->path(typed)));
+  QTRY_COMPARE(destination(), m_b->path(taken));
+  QVERIFY(m_b->presented().isEmpty());
+}
+
+void TestSavePanel::asksBeforeItReplaces() {
+  (void)m_b->movie(u"Film 1.5.m4v"_s);
+  QVERIFY(m_b->answerPanel(m_b->path(u"Film 1.5"_s)));
+  QTRY_COMPARE(destination(), m_b->path(u"Film 1.5.m4v"_s));
+  QCOMPARE(m_b->presented().size(), 1);
+  QVERIFY(m_b->presented().first().message.contains(m_b->path(u"Film 1.5.m4v"_s)));
+}
+
+void TestSavePanel::anotherNameInstead() {
+  (void)m_b->movie(u"Film 1.5.m4v"_s);
+  m_b->program.presenter().answer(ostrak::secondButton);
+  QVERIFY(m_b->answerPanel(m_b->path(u"Film 1.5"_s)));
+  QTRY_COMPARE(m_b->presented().size(), 1);
+  QVERIFY(QTest::qWaitFor([this] { return m_b->panel() != nullptr; }));
+  QVERIFY(m_b->names().isEmpty());
+  QVERIFY(m_b->answerPanel(m_b->path(u"new.m4v"_s)));
+  QTRY_COMPARE(destination(), m_b->path(u"new.m4v"_s));
+}
+
+void TestSavePanel::unwritableSettingsAreTold() {
+  QVERIFY(m_b->cancelPanel());
+  const QString folder = m_b->path(u"config"_s);
+  QVERIFY(QDir().rename(folder, folder + u"-away"_s));
+  (void)m_b->movie(u"config"_s);
+  for (int value : {1, 2}) {
+    ostrak::setDefaultInt(u"AACBitrate"_s, value);
+    ostrak::tk->userDefaults().synchronize();
+  }
+  QTRY_COMPARE(m_b->told().size(), 1);
+  QVERIFY(m_b->told().first().contains(ostrak::tk->userDefaults().path()));
+}
+
+int main(int argc, char **argv) {
+  return runWindowTest<TestSavePanel>(argc, argv);
+}
+#include "tst_savepanel.moc"
