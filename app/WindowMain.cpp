@@ -15,7 +15,6 @@
 #include "GivenFile.h"
 #include "GuardedApplication.h"
 #include "Logging.h"
-#include "MissingForm.h"
 #include "PreferredAudioTrack.h"
 #include "ProcessServices.h"
 #include "RealFileRevealer.h"
@@ -118,10 +117,7 @@ int runProgram(ProcessServices &services, SessionServices &session, const GivenF
   decant::SignalWatcher signalWatcher;
   QObject::connect(&signalWatcher, &decant::SignalWatcher::interrupted, &program,
                    &decant::WindowProgram::quitAtOnce);
-  if (!program.open(files.paths)) {
-    tellError(decant::missingFormText(u"MainWindow"_s));
-    return decant::statusOf(decant::ExitCode::Failed);
-  }
+  if (!program.open(files.paths)) return decant::statusOf(decant::ExitCode::Failed);
   for (const QString &refusal : files.refusals)
     ostrak::postAlert(ostrak::apptitledAlert(refusal, {ostrak::localized(u"OK"_s)}));
   const int status = QCoreApplication::exec();
