@@ -13,6 +13,7 @@ TOOL = os.environ["DECANT_TOOL"]
 DRAGSOURCE = os.environ.get("DECANT_DRAGSOURCE")
 MOCKS = Path(__file__).parents[2] / "integration" / "platform" / "desktopservices.py"
 NEXT_TO_SOURCE = 1  # of the destination menu
+UNFOLDED = 117  # pixels of the file panel, at least
 
 # A conversion that gets half way, and ends when the test says so.
 HALFWAY = """conversion
@@ -65,7 +66,9 @@ class WindowCase(unittest.TestCase):
         return self.screen
 
     def add(self, name):
-        self.screen.click(self.screen.find("push button", "Start Conversion|Add to Queue"))
+        button = self.screen.find("push button", "Start Conversion|Add to Queue")
+        self.wait(lambda: self.screen.place(button.get_parent())[3] >= UNFOLDED, "the panel to unfold")
+        self.screen.click(button)
         return self.row(name)
 
     def row(self, name, status=".*"):

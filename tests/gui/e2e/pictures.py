@@ -116,9 +116,9 @@ class Pictures:
     def control(self, role, number):
         return until(lambda: self.controls(role)[number], f"{role} {number}")
 
-    def rows(self, count, words=""):
-        until(lambda: len([row for row in self.controls("list item") if words in row.get_name()]) >= count,
-              lambda: f"{count} rows in\n{self.screen.picture()}")
+    def jobs(self, count):
+        """So many jobs, as the title tells; the list may show fewer."""
+        until(lambda: self.windows(f"^Decant.*[^0-9]{count}[^0-9]"), lambda: f"{count} jobs in\n{self.screen.picture()}")
 
     def take(self, scene, title="^Decant"):
         """The window, once it looks the same twice."""
@@ -163,7 +163,7 @@ class Pictures:
         self.account(AutoAdd=1)  # the last one goes on top and converts first
         self.open(*[self.program.movie(name) for name in reversed(NAMES)])
         until(self.program.mark("half").exists, "half a movie")
-        self.rows(3)
+        self.jobs(3)
         until(lambda: not any("300m" in row.get_name() for row in self.controls("list item")),
               lambda: f"a guess of the time in\n{self.screen.picture()}")
         self.take("busy")
@@ -174,7 +174,7 @@ class Pictures:
         self.program.scenario(FAILED)
         self.open(*[self.program.movie(name) for name in NAMES])
         until(self.program.mark("half").exists, "half a movie")
-        self.rows(3)
+        self.jobs(3)
         self.take("failed")
         failed = until(lambda: [row for row in self.controls("list item") if "Sorcerer" in row.get_name()][0], "a row")
         self.click(failed)
@@ -183,7 +183,7 @@ class Pictures:
 
         self.account(AutoAdd=1)
         self.open(*[self.program.movie(f"Season 1 Episode {number:02}.mkv") for number in range(1, 51)])
-        until(lambda: self.windows("50"), "fifty jobs in the title")
+        self.jobs(50)
         self.take("fifty")
         self.program.close()
 

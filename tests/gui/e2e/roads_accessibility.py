@@ -131,6 +131,9 @@ class Accessibility(WindowCase):
         self.row("one.mkv", "Converting.*")
         self.wait(self.output_of("one.mkv").exists, "something written")
         self.focus("list item", "one.mkv, .*")
+        if not screen.has(self.row("one.mkv"), "SELECTED"):
+            screen.press("space")  # the panel left the keyboard to the list as it folded
+            self.wait(lambda: screen.has(self.row("one.mkv"), "SELECTED"), "the row to be selected")
         screen.press("space")
         self.row("one.mkv", "Paused.*")
         screen.press("Delete")

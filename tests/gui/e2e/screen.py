@@ -99,7 +99,7 @@ class Screen:
 
         def rests():
             seen.append(self.place(node))
-            return len(seen) > 3 and len(set(seen[-4:])) == 1 and seen[-1][2] > 0
+            return len(seen) > 5 and len(set(seen[-6:])) == 1 and seen[-1][2] > 0
         until(rests, lambda: f"{node.get_name()} to rest")
         return seen[-1]
 
