@@ -1,6 +1,7 @@
 #include "StylePanel.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QLayout>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -33,6 +34,7 @@ StylePanel::StylePanel(QWidget &window, SettingBinder &binder, QObject *parent)
   connect(&binder, &SettingBinder::changed, this, [this](const QString &key) {
     if (key == "ConversionPreset"_L1) selectConversionStyle();
   });
+  m_container.installEventFilter(this);
   setOptionsShown(false);
   selectConversionStyle();
 }
@@ -54,6 +56,25 @@ void StylePanel::selectConversionStyle() {
     const QSignalBlocker blocker(m_buttons.at(i));
     m_buttons.at(i)->setChecked(i == style);
   }
+  dressButtons();
+}
+
+// Several desktops draw a button that is down hardly darker than the others, in the dark least of
+// all.
+void StylePanel::dressButtons() {
+  const QPalette usual = m_container.palette();
+  QPalette chosen = usual;
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    chosen.setColor(group, QPalette::Button, usual.color(group, QPalette::Highlight));
+    chosen.setColor(group, QPalette::ButtonText, usual.color(group, QPalette::HighlightedText));
+  }
+  for (QAbstractButton *button : m_buttons)
+    button->setPalette(button->isChecked() ? chosen : usual);
+}
+
+bool StylePanel::eventFilter(QObject *watched, QEvent *event) {
+  if (event->type() == QEvent::PaletteChange) dressButtons();
+  return QObject::eventFilter(watched, event);
 }
 
 void StylePanel::setOptionsShown(bool shown) {

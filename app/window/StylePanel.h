@@ -25,6 +25,8 @@ class StylePanel final : public QObject {
 
  private:
   void choose(int style);
+  void dressButtons();
+  bool eventFilter(QObject *watched, QEvent *event) override;
 
   SettingBinder &m_binder;
   QList<QAbstractButton *> m_buttons;  // in the order of the styles

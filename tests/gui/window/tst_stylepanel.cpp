@@ -24,6 +24,7 @@ class TestStylePanel final : public QObject {
   void choosing_data();
   void choosing();
   void choosingByKeys();
+  void theChosenOneStandsOut();
   void optionsFoldOutAndIn();
   void nameOfTheFastStyle();
   void nextJobUsesTheStyle();
@@ -98,6 +99,21 @@ void TestStylePanel::choosingByKeys() {
   QTest::keyClick(custom, Qt::Key_Space);
   QCOMPARE(static_cast<int>(ostrak::defaultInt(u"ConversionPreset"_s)), 2);
   QCOMPARE(panels(), QList{2});
+}
+
+void TestStylePanel::theChosenOneStandsOut() {
+  QVERIFY(m_b->open());
+  const auto colour = [this](const QString &name) {
+    return m_b->find<QWidget>(name)->palette().color(QPalette::Active, QPalette::Button);
+  };
+  QVERIFY(m_b->click(u"styleFast"_s));
+  QCOMPARE(colour(u"styleFast"_s), m_b->window().palette().color(QPalette::Highlight));
+  QCOMPARE(colour(u"styleCompatible"_s), m_b->window().palette().color(QPalette::Button));
+  // The desktop turns dark while the window is open.
+  QPalette dark = m_b->window().palette();
+  dark.setColor(QPalette::Highlight, QColor(0x20, 0x60, 0xa0));
+  m_b->window().setPalette(dark);
+  QCOMPARE(colour(u"styleFast"_s), QColor(0x20, 0x60, 0xa0));
 }
 
 void TestStylePanel::optionsFoldOutAndIn() {
