@@ -19,6 +19,7 @@
 #include "AlertTexts.h"
 #include "NamedImage.h"
 #include "Ostrak.h"
+#include "ProgressSheet.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -253,6 +254,8 @@ int WindowAlertPresenter::present(Alert &alert) {
   QWidget *above = QApplication::activeModalWidget();
   if (!above) above = QApplication::activeWindow();
   if (!above) above = firstWindow();
+  // A sheet may go while the alert is read, and would take it along.
+  if (qobject_cast<ProgressSheet *>(above)) above = above->parentWidget();
   bringBack(above);
   const QPointer<AlertDialog> dialog = new AlertDialog(alert, above ? above->window() : nullptr);
   const int code = dialog->run();
