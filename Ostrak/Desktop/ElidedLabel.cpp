@@ -21,11 +21,19 @@ QColor mixed(const QColor &strong, const QColor &weak) {
           part(strong.blue(), weak.blue())};
 }
 
+// A text begins where the controls around it begin, whatever direction it is written in.
+void alignWithControls(QLabel &label) {
+  const Qt::Alignment side =
+      label.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+  label.setAlignment(side | Qt::AlignAbsolute | Qt::AlignVCenter);
+}
+
 }  // namespace
 
 ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  alignWithControls(*this);
 }
 
 ElidedLabel::~ElidedLabel() = default;
@@ -53,13 +61,14 @@ void ElidedLabel::resizeEvent(QResizeEvent *event) {
 void ElidedLabel::changeEvent(QEvent *event) {
   QLabel::changeEvent(event);
   if (event->type() == QEvent::FontChange) elide();
+  if (event->type() == QEvent::LayoutDirectionChange) alignWithControls(*this);
 }
 
 void ElidedLabel::elide() {
   const QString shown = fontMetrics().elidedText(m_fullText, m_mode, contentsRect().width());
   setText(shown);
   setToolTip(shown == m_fullText ? QString() : m_fullText);
-  setAccessibleDescription(m_fullText);
+  setAccessibleName(m_fullText.isEmpty() ? accessibleDescription() : m_fullText);
 }
 
 HintLabel::HintLabel(QWidget *parent) : QLabel(parent) {
@@ -97,8 +106,29 @@ void HintLabel::changeEvent(QEvent *event) {
   if (matters && !m_dressing) dress();
 }
 
+void HintLabel::resizeEvent(QResizeEvent *event) {
+  QLabel::resizeEvent(event);
+  m_laidOut = true;
+  if (event->size().width() != event->oldSize().width()) updateGeometry();
+}
+
+// Of the width that it has. To the layouts a height that depends on a width is a wish only: windows
+// may become too small for it, and pages beside it take its room.
+int HintLabel::neededHeight() const {
+  return heightForWidth(m_laidOut ? width() : QLabel::sizeHint().width());
+}
+
+QSize HintLabel::sizeHint() const {
+  return {QLabel::sizeHint().width(), neededHeight()};
+}
+
+QSize HintLabel::minimumSizeHint() const {
+  return {QLabel::minimumSizeHint().width(), neededHeight()};
+}
+
 void HintLabel::dress() {
   m_dressing = true;
+  if (!alignment().testFlag(Qt::AlignHCenter)) alignWithControls(*this);
   const QWidget *around = parentWidget() ? parentWidget() : this;
   setFont(scaledFont(around->font(), hintSize));
   QPalette quiet = around->palette();

@@ -5,7 +5,9 @@
 namespace ostrak {
 
 // One line of text that ends in an ellipsis where it does not fit; the whole of it is then its tool
-// tip. File names are shortened in the middle, so that their extension stays in sight.
+// tip and its accessible name. What kind of text it is, its accessible description says, which is
+// set before the text. File names are shortened in the middle, so that their extension stays in
+// sight.
 class ElidedLabel final : public QLabel {
   Q_OBJECT
 
@@ -39,14 +41,22 @@ class HintLabel final : public QLabel {
   explicit HintLabel(QWidget *parent = nullptr);
   ~HintLabel() override;
 
+  [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
  protected:
   bool event(QEvent *event) override;
   bool eventFilter(QObject *watched, QEvent *event) override;
   void changeEvent(QEvent *event) override;
+  void resizeEvent(QResizeEvent *event) override;
 
  private:
+  [[nodiscard]] int neededHeight() const;
   void followParent();
   void dress();
+
+  bool m_laidOut = false;
   bool m_dressing = false;
 };
 

@@ -1,10 +1,21 @@
 #include "PictureView.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 namespace ostrak {
 
+namespace {
+
+QAccessibleInterface *asGraphic(const QString &, QObject *object) {
+  auto *picture = qobject_cast<PictureView *>(object);
+  return picture ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
+}
+
+}  // namespace
+
 PictureView::PictureView(QWidget *parent) : QWidget(parent) {
+  QAccessible::installFactory(&asGraphic);
   setAcceptDrops(false);
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
 }

@@ -7,6 +7,7 @@
 
 #include "DestinationFolders.h"
 #include "DestinationMenu.h"
+#include "DisplayText.h"
 #include "Settings.h"
 
 namespace decant {
@@ -52,7 +53,8 @@ void DestinationPopUp::fill(int index) {
       m_menu.insertSeparator(at);
       continue;
     }
-    m_menu.addItem(item.title, static_cast<int>(item.kind));
+    m_menu.addItem(ostrak::displayText(item.title, m_menu.layoutDirection()),
+                   static_cast<int>(item.kind));
     const auto folder = folderAtMenuIndex(at, names.size());
     if (!folder) continue;
     // Folders of one name are told apart by their places.

@@ -13,6 +13,7 @@
 #include <QToolButton>
 
 #include "AppDelegate.h"
+#include "DisplayText.h"
 #include "ElidedLabel.h"
 #include "Format.h"
 #include "InterfaceFile.h"
@@ -72,6 +73,9 @@ void FilePanel::update() {
   m_busy->setVisible(busy);
   m_addButton->setText(m_app->addButtonTitle());
   m_addButton->setAccessibleName(m_app->addButtonTitle());
+  // The most pressed of all buttons has some air beside its words.
+  m_addButton->setMinimumWidth(m_addButton->sizeHint().width() +
+                               2 * m_addButton->fontMetrics().averageCharWidth());
   const bool showsRecord = !busy && intake.fileInfo().has_value();
   const bool idle = intake.state() == Intake::State::Idle;
   if (!showsRecord && (idle || !m_skipButton->hasFocus())) giveFocusAway();
@@ -110,7 +114,8 @@ void FilePanel::fillAudioMenu() {
   if (texts != m_audioTexts) {
     m_audioTexts = texts;
     m_audioPopUp->clear();
-    m_audioPopUp->addItems(texts);
+    for (const QString &text : std::as_const(texts))
+      m_audioPopUp->addItem(ostrak::displayText(text, layoutDirection()));
   }
   if (m_audioPopUp->count() == 0) {
     m_audioPopUp->setEnabled(false);

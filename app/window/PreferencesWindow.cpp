@@ -7,6 +7,7 @@
 #include "Defaults.h"
 #include "DestinationFolders.h"
 #include "DestinationPopUp.h"
+#include "DisplayText.h"
 #include "InterfaceFile.h"
 #include "SettingBinder.h"
 #include "WheelGuard.h"
@@ -23,6 +24,7 @@ PreferencesWindow::~PreferencesWindow() = default;
 void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folders) {
   m_folders = &folders;
   binder.bind(*this);
+  ostrak::isolateMenuEntries(*this);
   m_list = &outlet<QListWidget>(*this, u"destinationList"_s);
   m_remove = &outlet<QPushButton>(*this, u"removeDestinationButton"_s);
   m_destinations = new DestinationPopUp(outlet<QComboBox>(*this, u"preferencesDestinationPopUp"_s),
@@ -44,7 +46,8 @@ void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folder
 
 void PreferencesWindow::listFolders() {
   m_list->clear();
-  m_list->addItems(m_folders->names());
+  for (const QString &name : m_folders->names())
+    m_list->addItem(ostrak::displayText(name, layoutDirection()));
   const QStringList paths = m_folders->paths();
   for (int row = 0; row < m_list->count(); ++row) {
     m_list->item(row)->setToolTip(paths.value(row));

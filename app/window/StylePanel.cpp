@@ -4,12 +4,12 @@
 #include <QEvent>
 #include <QLayout>
 #include <QSignalBlocker>
-#include <QToolButton>
 
 #include "Defaults.h"
 #include "InterfaceFile.h"
 #include "SettingBinder.h"
 #include "Settings.h"
+#include "ThemeIcon.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::outlet;
@@ -73,18 +73,28 @@ void StylePanel::dressButtons() {
 }
 
 bool StylePanel::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() == QEvent::PaletteChange) dressButtons();
+  if (event->type() == QEvent::PaletteChange) {
+    dressButtons();
+    dressOptions();
+  }
   return QObject::eventFilter(watched, event);
 }
 
 void StylePanel::setOptionsShown(bool shown) {
   m_container.setVisible(shown);
   m_options.setChecked(shown);
-  if (auto *button = qobject_cast<QToolButton *>(&m_options)) {
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const bool mirrored = button->layoutDirection() == Qt::RightToLeft;
-    button->setArrowType(shown ? Qt::DownArrow : mirrored ? Qt::LeftArrow : Qt::RightArrow);
-  }
+  dressOptions();
+}
+
+// A picture of our own: the arrow of a button lies under its text where controls are mirrored, and
+// keeps its size beside large letters.
+void StylePanel::dressOptions() {
+  const bool mirrored = m_options.layoutDirection() == Qt::RightToLeft;
+  const QString closed = mirrored ? u"fold_closed_mirrored"_s : u"fold_closed"_s;
+  const QPalette palette = m_container.palette();
+  m_options.setIcon(ostrak::shippedIcon(m_options.isChecked() ? u"fold_open"_s : closed,
+                                        palette.color(QPalette::Active, QPalette::ButtonText),
+                                        palette.color(QPalette::Disabled, QPalette::ButtonText)));
 }
 
 }  // namespace decant

@@ -26,6 +26,7 @@ class StylePanel final : public QObject {
  private:
   void choose(int style);
   void dressButtons();
+  void dressOptions();
   bool eventFilter(QObject *watched, QEvent *event) override;
 
   SettingBinder &m_binder;

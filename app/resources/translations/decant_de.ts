@@ -364,7 +364,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>or press Add. Subtitle files dropped with a movie of the same name go with it.</source>
-        <translation>oder „Hinzufügen“ drücken. Untertiteldateien, die zusammen mit einem gleichnamigen Film abgelegt werden, gehören zu ihm.</translation>
+        <translation>oder „Hinzufügen“ drücken. Mit abgelegte Untertiteldateien gleichen Namens gehören zum Film.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
