@@ -27,6 +27,7 @@
 #include "SessionBus.h"
 #include "SignalWatcher.h"
 #include "TextSink.h"
+#include "TextSizedStyle.h"
 #include "Translations.h"
 #include "WindowProgram.h"
 #include "Wording.h"
@@ -147,6 +148,7 @@ int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
     return decant::statusOf(files.refusals.isEmpty() ? decant::ExitCode::Done
                                                      : decant::ExitCode::Failed);
   }
+  QApplication::setStyle(new ostrak::TextSizedStyle);
   QApplication::setWindowIcon(
       QIcon::fromTheme(identifier, QIcon(resources + u"/images/decant.svg"_s)));
   const ostrak::Translations translations(resources + u"/translations"_s, languages);

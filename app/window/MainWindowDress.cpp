@@ -62,7 +62,10 @@ void MainWindow::changeEvent(QEvent *event) {
   QMainWindow::changeEvent(event);
   if (!m_parts) return;
   if (event->type() == QEvent::PaletteChange) dressActions();
-  if (event->type() == QEvent::FontChange) enlargeInvitation();
+  if (event->type() == QEvent::FontChange) {
+    enlargeInvitation();
+    setIconSize({});
+  }
 }
 
 }  // namespace decant
