@@ -53,9 +53,13 @@ ConversionJob::~ConversionJob() {
   stopAccess();
 }
 
+StatusFacts ConversionJob::statusFacts() const {
+  return {m_state, m_fileInfo.audioTrackInformation, m_audioTrackIndex, m_progress,
+          elapsedSeconds()};
+}
+
 QString ConversionJob::stateInfoString() const {
-  return decant::stateInfoString(
-      {m_state, m_fileInfo.audioTrackInformation, m_audioTrackIndex, m_progress, elapsedSeconds()});
+  return decant::stateInfoString(statusFacts());
 }
 
 double ConversionJob::elapsedSeconds() const {

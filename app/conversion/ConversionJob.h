@@ -13,6 +13,7 @@
 #include "Diagnosis.h"
 #include "JobState.h"
 #include "MKVFileInfo.h"
+#include "StatusText.h"
 
 class Clock;
 class FileRevealer;
@@ -83,6 +84,7 @@ class ConversionJob final : public QObject {
   [[nodiscard]] bool finishedError() const { return m_finishedError; }
   [[nodiscard]] bool fastmode() const { return m_fastmode; }
   [[nodiscard]] QString stateInfoString() const;
+  [[nodiscard]] StatusFacts statusFacts() const;
   // Both are kept of a failed run only, until the job is removed; the arguments also while it runs.
   [[nodiscard]] const QString &jobOutput() const { return m_jobOutput; }
   [[nodiscard]] const QStringList &arguments() const { return m_arguments; }

@@ -77,4 +77,22 @@ QString stateInfoString(const StatusFacts &facts) {
   return text;
 }
 
+QStringList shorterStateInfoStrings(const StatusFacts &facts) {
+  if (facts.state == JobStateFailed) return {localized(u"Status: "_s) + wordOf(facts.state)};
+  if (facts.state != JobStateConverting) return {};
+  QStringList shorter;
+  StatusFacts fewer = facts;
+  const qsizetype count = facts.audioTracks.size();
+  if (count > 1 && facts.audioTrackIndex < quint64(count)) {
+    fewer.audioTracks = {facts.audioTracks.at(qsizetype(facts.audioTrackIndex))};
+    fewer.audioTrackIndex = 0;
+    shorter.append(stateInfoString(fewer));
+  }
+  if (count > 0) {
+    fewer.audioTracks.clear();
+    shorter.append(stateInfoString(fewer));
+  }
+  return shorter;
+}
+
 }  // namespace decant

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include "AudioTrackDescription.h"
 #include "JobState.h"
@@ -19,6 +20,10 @@ struct StatusFacts {
 
 // The line shown under a job's name. Pure.
 [[nodiscard]] QString stateInfoString(const StatusFacts &facts);
+
+// What to show instead where the line does not fit: shorter and shorter, without its least
+// important parts. Empty when it has none. Pure.
+[[nodiscard]] QStringList shorterStateInfoStrings(const StatusFacts &facts);
 
 // Seconds left by the documented estimate: at most 18000, never negative. `progress` in percent.
 [[nodiscard]] double etaSeconds(double progress, double elapsedSeconds);

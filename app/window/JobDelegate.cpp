@@ -2,9 +2,10 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QStyleOptionProgressBar>
+#include <QPainterPath>
 #include <QStyleOptionToolButton>
 
+#include "DisplayText.h"
 #include "JobListModel.h"
 #include "ThemeIcon.h"
 
@@ -15,6 +16,9 @@ namespace decant {
 namespace {
 
 using Part = JobRowLayout::Part;
+
+constexpr double quietShare = 0.7;   // of the text colour, the rest is background
+constexpr double grooveShare = 0.3;  // likewise, of what is still to do in the bar
 
 JobState stateOf(const QModelIndex &index) {
   return static_cast<JobState>(index.data(JobListModel::StateRole).toInt());
@@ -30,9 +34,8 @@ QColor failureColor(const QPalette &palette) {
                                                          : QColor(0xb0, 0x1a, 0x1a);
 }
 
-QColor quiet(const QColor &strong, const QColor &weak) {
-  constexpr double share = 0.7;
-  const auto part = [](int a, int b) { return qRound(a * share + b * (1 - share)); };
+QColor mixed(const QColor &strong, const QColor &weak, double share) {
+  const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
   return {part(strong.red(), weak.red()), part(strong.green(), weak.green()),
           part(strong.blue(), weak.blue())};
 }
@@ -43,8 +46,20 @@ void paintText(QPainter &painter, const QStyleOptionViewItem &option, const QRec
   const auto alignment =
       QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter);
   const QString oneLine = QString(text).replace(u'\n', QChar(0x2424));
+  const QString fitting = painter.fontMetrics().elidedText(oneLine, mode, rect.width());
   painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine,
-                   painter.fontMetrics().elidedText(oneLine, mode, rect.width()));
+                   ostrak::displayText(fitting, option.direction));
+}
+
+// The status line without as many of its parts as must go for the rest to fit.
+QString fittingStatus(const QModelIndex &index, const QFontMetrics &metrics, int width) {
+  QString line = index.data(JobListModel::StatusRole).toString();
+  if (metrics.horizontalAdvance(line) <= width) return line;
+  for (const QString &shorter : index.data(JobListModel::ShorterStatusRole).toStringList()) {
+    line = shorter;
+    if (metrics.horizontalAdvance(line) <= width) break;
+  }
+  return line;
 }
 
 }  // namespace
@@ -84,7 +99,8 @@ void JobDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
   const QColor strong =
       option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
   const QColor weak =
-      quiet(strong, option.palette.color(group, selected ? QPalette::Highlight : QPalette::Base));
+      mixed(strong, option.palette.color(group, selected ? QPalette::Highlight : QPalette::Base),
+            quietShare);
 
   QFont bold = option.font;
   bold.setWeight(QFont::DemiBold);
@@ -94,7 +110,8 @@ void JobDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
   painter->setFont(option.font);
   const bool failed = state == JobStateFailed;
   // The time left stands at the end of the line and is what people look for.
-  paintText(*painter, option, layout.status, index.data(JobListModel::StatusRole).toString(),
+  paintText(*painter, option, layout.status,
+            fittingStatus(index, painter->fontMetrics(), layout.status.width()),
             failed && !selected ? failureColor(option.palette) : weak,
             state == JobStateConverting ? Qt::ElideMiddle : Qt::ElideRight);
   if (!layout.progress.isEmpty()) {
@@ -139,19 +156,28 @@ void JobDelegate::paintButton(QPainter &painter, const QStyleOptionViewItem &opt
   styleOf(option).drawComplexControl(QStyle::CC_ToolButton, &button, &painter, option.widget);
 }
 
+// Styles draw the empty part of a bar for the window's background, not for a list's: in the dark it
+// cannot be seen there, and on a selected row neither can the full one.
 void JobDelegate::paintBar(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
-                           double percent) const {
-  QStyleOptionProgressBar bar;
-  bar.rect = rect;
-  bar.palette = option.palette;
-  bar.direction = option.direction;
-  bar.fontMetrics = option.fontMetrics;
-  bar.state = QStyle::State_Enabled | QStyle::State_Horizontal;
-  bar.minimum = 0;
-  bar.maximum = 1000;
-  bar.progress = qRound(percent * 10);
-  bar.textVisible = false;
-  styleOf(option).drawControl(QStyle::CE_ProgressBar, &bar, &painter, option.widget);
+                           double percent) {
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const auto group =
+      option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+  const auto color = [&](QPalette::ColorRole role) { return option.palette.color(group, role); };
+  const QColor groove =
+      selected ? mixed(color(QPalette::HighlightedText), color(QPalette::Highlight), grooveShare)
+               : mixed(color(QPalette::Text), color(QPalette::Base), grooveShare);
+  QRectF done(rect);
+  done.setWidth(rect.width() * qBound(0.0, percent / 100, 1.0));
+  if (option.direction == Qt::RightToLeft) done.moveRight(QRectF(rect).right());
+  QPainterPath shape;
+  shape.addRoundedRect(rect, rect.height() / 2.0, rect.height() / 2.0);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillPath(shape, groove);
+  painter.setClipRect(done);
+  painter.fillPath(shape, color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+  painter.restore();
 }
 
 }  // namespace decant

@@ -29,8 +29,8 @@ class JobDelegate final : public QStyledItemDelegate {
  private:
   void paintButton(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                    JobRowLayout::Part part, const QRect &rect) const;
-  void paintBar(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
-                double percent) const;
+  static void paintBar(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
+                       double percent);
 
   QIcon m_pause;
   QIcon m_start;

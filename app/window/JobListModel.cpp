@@ -47,6 +47,8 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const {
       return static_cast<int>(job->state());
     case StatusRole:
       return job->stateInfoString();
+    case ShorterStatusRole:
+      return shorterStateInfoStrings(job->statusFacts());
     case ProgressRole:
       return job->progress();
     case FastRole:

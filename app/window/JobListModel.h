@@ -19,6 +19,7 @@ class JobListModel final : public QAbstractListModel {
     NameRole = Qt::DisplayRole,
     StateRole = Qt::UserRole,  // JobState
     StatusRole,                // the status line
+    ShorterStatusRole,         // lines for less room, shorter and shorter
     ProgressRole,              // percent
     FastRole                   // the sound is copied
   };

@@ -82,6 +82,22 @@ class TestStatusText : public QObject {
              u"Status: Converting   ETA: 1m 40s"_s);
   }
 
+  void shorter() {
+    QCOMPARE(shorterStateInfoStrings({JobStateConverting, tracks(three), 1, 50, 100}),
+             QStringList({u"Status: Converting   Audio:  ger (dts) [5.1]   ETA: 1m 40s"_s,
+                          u"Status: Converting   ETA: 1m 40s"_s}));
+    QCOMPARE(
+        shorterStateInfoStrings({JobStateConverting, tracks({u"#1: eng (ac3)"_s}), 0, 50, 100}),
+        QStringList{u"Status: Converting   ETA: 1m 40s"_s});
+    QCOMPARE(shorterStateInfoStrings({JobStateConverting, {}, 0, 50, 100}), QStringList());
+    QCOMPARE(shorterStateInfoStrings({JobStateConverting, tracks(three), 3, 50, 100}),
+             QStringList{u"Status: Converting   ETA: 1m 40s"_s});
+    QCOMPARE(shorterStateInfoStrings({JobStateFailed, tracks(three), 0, 50, 100}),
+             QStringList{u"Status: Failed"_s});
+    for (const JobState state : {JobStateQueued, JobStatePaused, JobStateFinished})
+      QCOMPARE(shorterStateInfoStrings({state, tracks(three), 0, 50, 100}), QStringList());
+  }
+
   void eta_data() {
     QTest::addColumn<double>("progress");
     QTest::addColumn<double>("elapsed");
