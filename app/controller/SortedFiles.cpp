@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <array>
 #include <optional>
 
@@ -40,12 +41,17 @@ bool isTextSubtitle(const QString &path) {
   return start && *start != QByteArray("\x00\x00\x01\xBA", 4);
 }
 
+// However a path is written, its file is the same: "./" and "x/../" do not count.
+QString stemOf(const QString &path) {
+  return withoutExtension(QDir::cleanPath(path));
+}
+
 // The smallest path among those whose key begins with `prefix`.
 QString firstByPath(const QMap<QString, QString> &subtitles, const QString &prefix) {
   QString found;
   for (auto it = subtitles.lowerBound(prefix); it != subtitles.end() && it.key().startsWith(prefix);
        ++it) {
-    if (found.isNull() || it.value() < found) found = it.value();
+    if (found.isNull() || QDir::cleanPath(it.value()) < QDir::cleanPath(found)) found = it.value();
   }
   return found;
 }
@@ -73,7 +79,7 @@ SortedFiles sortFiles(const QStringList &paths) {
     } else if (extension == "sub"_L1) {
       subs.append(path);
     } else if (subtitleFileTypes().contains(extension)) {
-      sorted.subtitles.insert(withoutExtension(path), path);
+      sorted.subtitles.insert(stemOf(path), path);
     } else {
       sorted.others.append(path);
     }
@@ -81,7 +87,7 @@ SortedFiles sortFiles(const QStringList &paths) {
   // After all others, so that a "sub" replaces the rest of its stem wherever it stood.
   for (const QString &path : subs) {
     if (isTextSubtitle(path)) {
-      sorted.subtitles.insert(withoutExtension(path), path);
+      sorted.subtitles.insert(stemOf(path), path);
     } else {
       sorted.others.append(path);
     }
@@ -90,7 +96,7 @@ SortedFiles sortFiles(const QStringList &paths) {
 }
 
 QString pairedSubtitle(const QString &moviePath, const QMap<QString, QString> &subtitles) {
-  const QString stem = withoutExtension(moviePath);
+  const QString stem = stemOf(moviePath);
   const auto exact = subtitles.constFind(stem);
   if (exact != subtitles.constEnd()) return exact.value();
   const QString dotted = stem + u'.';

@@ -6,11 +6,12 @@
 
 namespace decant {
 
-// What arrives at intake, sorted: movies in the given order, subtitle files by their path without
-// extension; everything else.
+// What arrives at intake, sorted: movies in the given order, subtitle files by their cleaned path
+// without extension; everything else.
 struct SortedFiles {
   QStringList movies;
-  QMap<QString, QString> subtitles;  // path without extension → path, the last of one stem wins
+  // Cleaned path without extension → path as given; the last of one stem wins.
+  QMap<QString, QString> subtitles;
   QStringList others;
 };
 
@@ -21,7 +22,8 @@ struct SortedFiles {
 // a picture subtitle and goes to `others`, as does one that is not a readable file.
 [[nodiscard]] SortedFiles sortFiles(const QStringList &paths);
 // The subtitle file for a movie: the exact stem first, then "stem.", then any that begins with the
-// stem, each by path. Null when there is none.
+// stem, each by path. How the paths are written ("./", "x/../") makes no difference; links are not
+// looked at. Null when there is none.
 [[nodiscard]] QString pairedSubtitle(const QString &moviePath,
                                      const QMap<QString, QString> &subtitles);
 // A path without its extension; the dot of a hidden file does not begin one.

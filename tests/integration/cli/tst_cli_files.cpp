@@ -25,6 +25,8 @@ class TestCliFiles final : public QObject {
 
  private Q_SLOTS:
   void subtitlesAmongTheFiles();
+  void subtitlesHoweverTheyAreWritten_data();
+  void subtitlesHoweverTheyAreWritten();
   void missingSubtitles();
   void folders();
   void folderItself();
@@ -50,6 +52,24 @@ void TestCliFiles::subtitlesAmongTheFiles() {
   QCOMPARE(pathsIn(outcome.events(u"failed"_s), "source"_L1),
            QStringList{program.path(u"pictures.sub"_s)});
   QCOMPARE(outcome.story().last(), u"summary 2 1"_s);
+}
+
+void TestCliFiles::subtitlesHoweverTheyAreWritten_data() {
+  QTest::addColumn<QString>("movie");
+  QTest::addColumn<QString>("subtitle");
+  QTest::newRow("./ before the movie") << u"./a.mkv"_s << u"a.srt"_s;
+  QTest::newRow("./ before the subtitles") << u"a.mkv"_s << u"./a.srt"_s;
+  QTest::newRow("out and in again") << u"../work/a.mkv"_s << u"a.srt"_s;
+}
+
+void TestCliFiles::subtitlesHoweverTheyAreWritten() {
+  QFETCH(const QString, movie);
+  QFETCH(const QString, subtitle);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"a.srt"_s);
+  QCOMPARE(program.run({u"convert"_s, movie, subtitle}).status, 0);
+  QVERIFY(conversionOf(program).contains(program.path(subtitle)));
 }
 
 void TestCliFiles::missingSubtitles() {

@@ -25,6 +25,8 @@ class TestSortedFiles final : public QObject {
   void subReplacesOthersOfItsStem();
   void pairing_data();
   void pairing();
+  void writingDoesNotMatter_data();
+  void writingDoesNotMatter();
 
  private:
   [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
@@ -155,6 +157,23 @@ void TestSortedFiles::pairing() {
   QFETCH(const QStringList, subtitles);
   const QMap<QString, QString> known = sortFiles(subtitles).subtitles;
   QTEST(pairedSubtitle(u"/f/Film.mkv"_s, known), "expected");
+}
+
+void TestSortedFiles::writingDoesNotMatter_data() {
+  QTest::addColumn<QString>("movie");
+  QTest::addColumn<QString>("subtitle");
+  QTest::newRow("movie with a dot") << u"/f/./Film.mkv"_s << u"/f/Film.srt"_s;
+  QTest::newRow("subtitle with a dot") << u"/f/Film.mkv"_s << u"/f/./Film.srt"_s;
+  QTest::newRow("up and down again") << u"/f/../f/Film.mkv"_s << u"/f/Film.en.srt"_s;
+  QTest::newRow("two slashes") << u"/f//Film.mkv"_s << u"/f/g/../Film2.srt"_s;
+}
+
+// The subtitle file keeps the path that it was given.
+void TestSortedFiles::writingDoesNotMatter() {
+  QFETCH(const QString, movie);
+  QFETCH(const QString, subtitle);
+  const QStringList others{u"/f/./Film9.srt"_s, u"/f/Film/../Film8.srt"_s};
+  QCOMPARE(pairedSubtitle(movie, sortFiles(QStringList{subtitle} + others).subtitles), subtitle);
 }
 
 QTEST_GUILESS_MAIN(TestSortedFiles)
