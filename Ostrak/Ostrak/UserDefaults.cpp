@@ -42,8 +42,7 @@ class UserDefaults::Timer final : public QObject {
 UserDefaults::UserDefaults(QString path, Persistence persistence)
     : m_path(std::move(path)), m_persistence(persistence) {
   std::optional<Values> values = readFile();
-  m_fileIgnored = !values && (m_persistence == Persistence::InMemory || isFolder());
-  if (!values && !m_fileIgnored) moveAside();
+  m_fileIgnored = !values && (m_persistence == Persistence::InMemory || !moveAside());
   m_stored = std::move(values).value_or(Values());
   if (m_persistence == Persistence::Stored) m_timer = std::make_unique<Timer>(*this);
 }
@@ -106,25 +105,27 @@ void UserDefaults::remove(const QString &key) {
 
 void UserDefaults::synchronize() {
   if (m_persistence == Persistence::InMemory) return;
-  bool wasBroken = false;
+  bool moved = false;
   bool written = false;
   {
     const QMutexLocker fileLocker(&m_fileMutex);
     Values changes;
     QSet<QString> dirty = takeDirty(changes);
     if (dirty.isEmpty()) return;
-    wasBroken = !isFolder() && !readFile();
-    if (wasBroken) {
+    const bool isBroken = !readFile();
+    moved = isBroken && moveAside();
+    if (moved) {
       // The new file gets all that is known here.
-      moveAside();
       const QMutexLocker locker(&m_mutex);
       changes = m_stored;
       for (auto it = m_stored.cbegin(); it != m_stored.cend(); ++it)
         dirty.insert(it.key());
     }
-    written = writeChanges(dirty, changes);
+    // What could not be moved is never written over.
+    written = (moved || !isBroken) && writeChanges(dirty, changes);
+    if (!written) keepDirty(dirty);
   }
-  if (wasBroken) {
+  if (moved) {
     tk_log_level(3, u"Warning: the settings file could not be read and was kept as %@"_s,
                  keptAside());
   }
@@ -161,6 +162,11 @@ QSet<QString> UserDefaults::takeDirty(Values &changes) {
   return std::exchange(m_dirty, {});
 }
 
+void UserDefaults::keepDirty(const QSet<QString> &dirty) {
+  const QMutexLocker locker(&m_mutex);
+  m_dirty.unite(dirty);
+}
+
 bool UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &changes) {
   QDir().mkpath(QFileInfo(m_path).absolutePath());
   QSettings file(m_path, QSettings::IniFormat);
@@ -172,11 +178,7 @@ bool UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
     }
   }
   file.sync();
-  if (file.status() != QSettings::NoError) {
-    const QMutexLocker locker(&m_mutex);
-    m_dirty.unite(dirty);
-    return false;
-  }
+  if (file.status() != QSettings::NoError) return false;
   const std::optional<Values> written = readFile();
   if (!written) return true;
   const QMutexLocker locker(&m_mutex);
@@ -192,11 +194,14 @@ bool UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
 
 namespace {
 
+bool canBeOpened(const QString &path) {
+  return !QFileInfo(path).isDir() && QFile(path).open(QIODevice::ReadOnly);
+}
+
 // The backend passes over lines that it does not understand and would write the file without them.
-// A file that cannot be opened is another matter.
 bool looksLikeSettings(const QString &path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return true;
+  if (!file.open(QIODevice::ReadOnly)) return false;
   bool continues = false;
   while (!file.atEnd()) {
     const QByteArray line = file.readLine();
@@ -227,8 +232,7 @@ QVariant valueFromFile(const QVariant &read) {
 
 std::optional<UserDefaults::Values> UserDefaults::readFile() const {
   if (!QFileInfo::exists(m_path)) return Values();
-  if (isFolder()) return {};
-  if (!looksLikeSettings(m_path)) return {};
+  if (!canBeOpened(m_path) || !looksLikeSettings(m_path)) return {};
   const QSettings file(m_path, QSettings::IniFormat);
   if (file.status() == QSettings::FormatError) return {};
   Values values;
@@ -240,22 +244,20 @@ std::optional<UserDefaults::Values> UserDefaults::readFile() const {
   return values;
 }
 
-bool UserDefaults::isFolder() const {
-  return QFileInfo(m_path).isDir();
-}
-
-void UserDefaults::moveAside() {
+bool UserDefaults::moveAside() {
+  if (!canBeOpened(m_path)) return false;
   constexpr int mostTries = 10000;
   for (int number = 1; number < mostTries; ++number) {
     const QString aside = makeString(u"%@.broken-%i"_s, m_path, number);
     if (QFileInfo::exists(aside) || QFileInfo(aside).isSymLink()) continue;
-    if (!QFile::rename(m_path, aside)) return;
+    if (!QFile::rename(m_path, aside)) return false;
     // Looking at the missing file makes the backend forget what it keeps of the broken one.
     (void)QSettings(m_path, QSettings::IniFormat).allKeys();
     const QMutexLocker locker(&m_mutex);
     m_keptAside = aside;
-    return;
+    return true;
   }
+  return false;
 }
 
 }  // namespace ostrak

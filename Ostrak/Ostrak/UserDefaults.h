@@ -31,9 +31,10 @@ class UserDefaults final {
   };
 
   // Reads the file at `path`; one that is missing is an empty store. One that cannot be parsed is
-  // moved to the first free "path.broken-N" (N from 1) and `keptAside` tells where it went; with
-  // Persistence::InMemory it is left where it is and only ignored, as is always a folder in its
-  // place.
+  // moved to the first free "path.broken-N" (N from 1) and `keptAside` tells where it went. With
+  // Persistence::InMemory, and where it cannot be moved, it is left where it is and only ignored,
+  // as is always a file that may not be opened, or a folder in its place: none of them is written
+  // over.
   UserDefaults(QString path, Persistence persistence);
   ~UserDefaults();
   UserDefaults(const UserDefaults &) = delete;
@@ -43,7 +44,7 @@ class UserDefaults final {
   // Where the last broken settings file was moved to, null when there was none. One that was found
   // while the store was made is left to its maker to tell; a later one is logged here.
   [[nodiscard]] QString keptAside() const;
-  // Whether a broken settings file, or a folder in its place, was left where it is and not used.
+  // Whether a settings file that cannot be read was left where it is and not used.
   [[nodiscard]] bool isFileIgnored() const { return m_fileIgnored; }
 
   // `tell` is called once, when a write fails for the first time: on the thread that writes, or
@@ -70,12 +71,13 @@ class UserDefaults final {
   class Timer;
   using Values = QHash<QString, QVariant>;
 
-  // The values of the file; nothing when it cannot be parsed.
+  // The values of the file; nothing when it cannot be opened or parsed.
   [[nodiscard]] std::optional<Values> readFile() const;
-  [[nodiscard]] bool isFolder() const;
-  void moveAside();
+  // False when it is left where it is.
+  [[nodiscard]] bool moveAside();
   void writeFailed();
   [[nodiscard]] QSet<QString> takeDirty(Values &changes);
+  void keepDirty(const QSet<QString> &dirty);
   [[nodiscard]] bool writeChanges(const QSet<QString> &dirty, const Values &changes);
 
   QString m_path;

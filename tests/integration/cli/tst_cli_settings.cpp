@@ -22,6 +22,8 @@ class TestCliSettings final : public QObject {
   void folderInItsPlaceIsToldOnce_data();
   void folderInItsPlaceIsToldOnce();
   void fileThatCannotBeWritten();
+  void fileThatCannotBeReadIsToldAndLeft_data();
+  void fileThatCannotBeReadIsToldAndLeft();
 };
 
 void TestCliSettings::listHasEverySettingAndNothingElse() {
@@ -248,6 +250,41 @@ void TestCliSettings::fileThatCannotBeWritten() {
   QCOMPARE(outcome.status, 1);
   QVERIFY2(outcome.error.contains(program.settingsFile().toUtf8()), outcome.error.constData());
   QCOMPARE(outcome.error.count('\n'), 1);
+}
+
+void TestCliSettings::fileThatCannotBeReadIsToldAndLeft_data() {
+  QTest::addColumn<QByteArray>("bytes");
+  QTest::addColumn<QByteArray>("closed");
+  QTest::addColumn<QByteArray>("arguments");
+  const QByteArray broken = "[General\nno settings\n";
+  const QByteArray good = "[General]\nAACBitrate=3\n";
+  for (const char *arguments : {"convert a.mkv", "settings get AutoAdd"}) {
+    QTest::addRow("broken, in a folder that is closed: %s", arguments)
+        << broken << QByteArray("chmod a-w \"$XDG_CONFIG_HOME\"") << QByteArray(arguments);
+    QTest::addRow("not to be opened: %s", arguments)
+        << good << QByteArray("chmod 000 \"$XDG_CONFIG_HOME\"/*.conf") << QByteArray(arguments);
+  }
+}
+
+void TestCliSettings::fileThatCannotBeReadIsToldAndLeft() {
+  QFETCH(const QByteArray, bytes);
+  QFETCH(const QByteArray, closed);
+  QFETCH(const QByteArray, arguments);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  {
+    QFile file(program.settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  const DecantOutcome outcome = program.shellAsNobody(
+      "mkdir \"$HOME/films\" && cp a.mkv \"$HOME/films\" && cd \"$HOME/films\" && " + closed +
+      "; $decant " + arguments + "; status=$?; chmod -R u+rwX \"$XDG_CONFIG_HOME\"; exit $status");
+  QCOMPARE(outcome.status, 0);
+  QVERIFY2(outcome.error.contains(program.settingsFile().toUtf8()), outcome.error.constData());
+  QVERIFY2(outcome.error.contains("is not used"), outcome.error.constData());
+  QCOMPARE(outcome.error.count('\n'), 1);
+  QCOMPARE(program.settings(), bytes);
 }
 
 QTEST_GUILESS_MAIN(TestCliSettings)

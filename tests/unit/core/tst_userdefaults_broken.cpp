@@ -1,7 +1,11 @@
+#include <sys/socket.h>
+#include <sys/un.h>
+
 #include <QDir>
 #include <QFile>
 #include <QTest>
 
+#include "Descriptor.h"
 #include "Logging.h"
 #include "ScratchProgram.h"
 
@@ -22,9 +26,15 @@ class TestUserDefaultsBroken final : public QObject {
   void isLeftAloneInMemory();
   void isToldOnceByTheLibrary();
   void isKeptAsideWhileTheProgramRuns();
+  void isIgnoredWhereItCannotBeMoved();
+  void isNotWrittenOverWhereItCannotBeMoved();
+  void isIgnoredWhereItCannotBeOpened_data();
+  void isIgnoredWhereItCannotBeOpened();
 
  private:
   void breakFile(const QByteArray &text = garbage()) const;
+  // A name with the part that is put behind it is too long for the file system.
+  void takeNameThatCannotGrow() { m_path = m_program->path(u"config/"_s + QString(250, u'x')); }
   [[nodiscard]] QByteArray read(const QString &path) const;
   [[nodiscard]] static QByteArray garbage() { return "[General\nthis is no settings file\n"; }
 
@@ -122,6 +132,70 @@ void TestUserDefaultsBroken::isKeptAsideWhileTheProgramRuns() {
   QVERIFY(read(m_path).contains("second=2"));
   QCOMPARE(store.value(u"first"_s), QVariant(qint64{1}));
   QCOMPARE(m_program->logged().size(), 1);
+}
+
+void TestUserDefaultsBroken::isIgnoredWhereItCannotBeMoved() {
+  takeNameThatCannotGrow();
+  breakFile();
+  {
+    UserDefaults store(m_path, Persistence::Stored);
+    QVERIFY(store.isFileIgnored());
+    QVERIFY(store.keptAside().isNull());
+    int told = 0;
+    store.setUnwritable([&told] { ++told; });
+    store.setValue(u"key"_s, 1);
+    store.synchronize();
+    QCOMPARE(store.value(u"key"_s), QVariant(qint64{1}));
+    QCOMPARE(told, 1);
+  }
+  QCOMPARE(read(m_path), garbage());
+}
+
+void TestUserDefaultsBroken::isNotWrittenOverWhereItCannotBeMoved() {
+  takeNameThatCannotGrow();
+  UserDefaults store(m_path, Persistence::Stored);
+  store.setValue(u"first"_s, 1);
+  store.synchronize();
+  QVERIFY(!store.isFileIgnored());
+  breakFile();
+  store.setValue(u"second"_s, 2);
+  store.synchronize();
+  QCOMPARE(read(m_path), garbage());
+  QCOMPARE(m_program->logged().filter(u"(null)"_s), QStringList());
+  QCOMPARE(m_program->logged().filter(u"cannot be written"_s).size(), 1);
+  // What waits is written once it can be.
+  QVERIFY(QFile::remove(m_path));
+  store.setValue(u"third"_s, 3);
+  store.synchronize();
+  for (const char *key : {"second=2", "third=3"})
+    QVERIFY2(read(m_path).contains(key), key);
+}
+
+void TestUserDefaultsBroken::isIgnoredWhereItCannotBeOpened_data() {
+  QTest::addColumn<Persistence>("persistence");
+  QTest::newRow("stored") << Persistence::Stored;
+  QTest::newRow("in memory") << Persistence::InMemory;
+}
+
+// A socket has no contents for anybody, root included.
+void TestUserDefaultsBroken::isIgnoredWhereItCannotBeOpened() {
+  QFETCH(const Persistence, persistence);
+  const ostrak::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  const QByteArray path = QFile::encodeName(m_path);
+  QVERIFY(path.size() < qsizetype{sizeof address.sun_path});
+  std::copy(path.cbegin(), path.cend(), std::begin(address.sun_path));
+  const void *generic = &address;
+  QCOMPARE(::bind(socket.get(), static_cast<const sockaddr *>(generic), sizeof address), 0);
+  UserDefaults store(m_path, persistence);
+  QVERIFY(store.isFileIgnored());
+  QVERIFY(store.keptAside().isNull());
+  store.setValue(u"key"_s, 1);
+  store.synchronize();
+  QVERIFY(QFileInfo::exists(m_path));
+  QVERIFY(!QFileInfo(m_path).isFile());
+  QCOMPARE(QDir(QFileInfo(m_path).path()).entryList({u"*broken*"_s}), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestUserDefaultsBroken)
