@@ -204,7 +204,8 @@ void AlertDialog::addButtons(QVBoxLayout &column) {
       done(Accepted);
     });
   }
-  m_code = firstButton + static_cast<int>(titles.size()) - 1;
+  const qsizetype cancel = titles.indexOf(localized(u"Cancel"_s));
+  m_code = firstButton + static_cast<int>(cancel >= 0 ? cancel : titles.size() - 1);
   column.addSpacing(6);
   column.addWidget(box);
 }

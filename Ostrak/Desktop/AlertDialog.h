@@ -10,8 +10,8 @@ class QVBoxLayout;
 namespace ostrak {
 
 // One alert as a modal dialog: title, message, at most one control, buttons from right to left in
-// the order of the desktop. Closing it by Escape or the window's close button presses the last
-// button. Main thread.
+// the order of the desktop. Closing it by Escape or the window's close button presses "Cancel", and
+// the last button where there is none of this title. Main thread.
 class AlertDialog final : public QDialog {
   Q_OBJECT
 

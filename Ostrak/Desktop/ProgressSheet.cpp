@@ -17,7 +17,7 @@ namespace ostrak {
 namespace {
 
 constexpr int titlePoints = 13;
-constexpr int lettersWide = 44;  // of the window's own font
+constexpr int lettersWide = 56;  // of the window's own font
 
 const QString sheetName = u"TKProgressSheet"_s;
 

@@ -1,5 +1,7 @@
 #include "VKApplicationDelegate.h"
 
+#include <QVariant>
+
 #include "Defaults.h"
 #include "Format.h"
 #include "Ostrak.h"
@@ -44,5 +46,17 @@ void VKApplicationDelegate::setMinimumUsagesForRating(qint64 usages) {
   m_minimumUsagesForRating = usages;
   Q_EMIT rateableChanged();
 }
+
+void VKApplicationDelegate::openURL(const QObject &sender) {
+  tk->openURL(sender.property("tag").toInt());
+}
+
+void VKApplicationDelegate::terminate(const QObject &) {
+  Q_EMIT terminationRequested();
+}
+
+void VKApplicationDelegate::checkForUpdatesAction(const QObject &) {}
+
+void VKApplicationDelegate::initUpdateCheck() {}
 
 }  // namespace ostrak

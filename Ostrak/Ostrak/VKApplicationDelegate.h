@@ -24,9 +24,19 @@ class VKApplicationDelegate : public QObject {
   [[nodiscard]] qint64 minimumUsagesForRating() const { return m_minimumUsagesForRating; }
   void setMinimumUsagesForRating(qint64 usages);
 
+  // Opens the library's link whose number is the sender's dynamic property "tag".
+  void openURL(const QObject &sender);
+  // Asks for the end of the program, by terminationRequested.
+  void terminate(const QObject &sender);
+  // Kept for those who look for updates; this program does not: its package does.
+  void checkForUpdatesAction(const QObject &sender);
+  void initUpdateCheck();
+
  Q_SIGNALS:
   void rateableChanged();
+  // The feedback window is to be shown with this text: a new one, or the one that is open.
   void feedbackRequested(const QString &text);
+  void terminationRequested();
 
  private:
   qint64 m_minimumUsagesForRating = 0;

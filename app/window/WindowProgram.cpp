@@ -11,6 +11,7 @@
 #include "Format.h"
 #include "LaunchFixups.h"
 #include "LauncherProgress.h"
+#include "MissingForm.h"
 #include "Notifier.h"
 #include "Ostrak.h"
 #include "SingleInstance.h"
@@ -77,6 +78,8 @@ bool WindowProgram::open(const QStringList &paths) {
           &AuxiliaryWindows::openDocumentationWindow);
   connect(m_window.get(), &MainWindow::promotionWanted, &m_auxiliary,
           &AuxiliaryWindows::openPromotion);
+  connect(&m_app, &AppDelegate::feedbackRequested, this, &WindowProgram::showFeedback);
+  connect(&m_app, &AppDelegate::terminationRequested, this, &WindowProgram::quit);
   connectDesktop();
   m_window->show();
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
@@ -146,6 +149,28 @@ void WindowProgram::showSpeedHint() {
   ostrak::postAlert(hint, [](int) { speedHintShown(); });
 }
 
+void WindowProgram::showFeedback(const QString &text) {
+  if (!m_ratingWindowController) {
+    m_ratingWindowController = std::make_unique<ostrak::VKRatingWindowController>();
+    m_ratingWindowController->setCloseBlock([program = QPointer(this)] {
+      if (program) program->feedbackClosed();
+    });
+  }
+  if (!m_ratingWindowController->window()) {
+    m_ratingWindowController.reset();
+    tellFormMissing(u"VKRatingWindow"_s);
+    return;
+  }
+  m_ratingWindowController->setIntroText(text);
+  m_ratingWindowController->showWindow();
+}
+
+// The next one is to be a fresh one. This one is still in the middle of what closed it.
+void WindowProgram::feedbackClosed() {
+  m_ratingWindowController->setCloseBlock({});
+  m_ratingWindowController.release()->deleteLater();
+}
+
 void WindowProgram::showLauncherProgress() {
   const JobQueue &queue = m_app.queue();
   const int waiting =
@@ -162,6 +187,7 @@ void WindowProgram::quitAtOnce() {
   m_desktop.singleInstance.setHandler({});
   if (m_window) m_window->keepGeometry();
   m_auxiliary.closeAll();
+  if (m_ratingWindowController) m_ratingWindowController->closeClicked();
   m_app.applicationWillTerminate();
   // Not quit(), which asks the windows first, and theirs is the question that was just answered.
   m_endLoop();

@@ -13,6 +13,7 @@
 #include "DestinationRoad.h"
 #include "MainWindow.h"
 #include "SettingBinder.h"
+#include "VKRatingWindowController.h"
 #include "WindowPanels.h"
 
 class LauncherProgress;
@@ -49,12 +50,18 @@ class WindowProgram final : public QObject {
   [[nodiscard]] AppDelegate &app() { return m_app; }
   [[nodiscard]] AuxiliaryWindows &auxiliary() { return m_auxiliary; }
   [[nodiscard]] MainWindow *window() { return m_window.get(); }
+  // Of the feedback window; null while it is closed.
+  [[nodiscard]] ostrak::VKRatingWindowController *ratingWindowController() {
+    return m_ratingWindowController.get();
+  }
 
  private:
   void connectDesktop();
   void filesArrived(const QStringList &paths);
   void tellAboutStore();
   void showSpeedHint();
+  void showFeedback(const QString &text);
+  void feedbackClosed();
   void showLauncherProgress();
   void endSoon();
   void endWhenQuiet();
@@ -71,6 +78,7 @@ class WindowProgram final : public QObject {
   SettingBinder m_binder;
   std::unique_ptr<MainWindow> m_window;
   AuxiliaryWindows m_auxiliary;
+  std::unique_ptr<ostrak::VKRatingWindowController> m_ratingWindowController;
   QTimer m_consent;  // runs while a consent to end holds
   bool m_quitting = false;
 };

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Pictures of every window, in many looks: pictures.py BUNDLE TOOL FOLDER [LOOK…]
+"""Pictures of every window, in many looks: pictures.py BUNDLE TOOL SIDEWINDOWS FOLDER [LOOK…]
 
-TOOL is the scripted stand-in for ffmpeg. A picture is FOLDER/LOOK-SCENE.png."""
+TOOL is the scripted stand-in for ffmpeg, SIDEWINDOWS shows what the program seldom shows. A picture is
+FOLDER/LOOK-SCENE.png."""
 import sys
 from dataclasses import dataclass
 from pathlib import Path
@@ -58,8 +59,8 @@ NAMES = ["The Lighthouse at the End of the World (Director's Cut) [1080p].mkv", 
 
 
 class Pictures:
-    def __init__(self, desktop, bundle, tool, folder, name):
-        self.desktop, self.bundle, self.tool = desktop, bundle, tool
+    def __init__(self, desktop, bundle, tool, side, folder, name):
+        self.desktop, self.bundle, self.tool, self.side = desktop, bundle, tool, side
         self.folder, self.name, self.look = folder, name, LOOKS[name]
         self.program = self.screen = None
 
@@ -139,7 +140,25 @@ class Pictures:
         self.screen.resting_place(until(lambda: self.controls("dialog")[0], "a dialog"))
         self.take(scene, ".+")
 
+    def beside(self, kind):
+        self.account()
+        self.screen = Screen(self.desktop, self.program.start_beside(self.side, kind).pid)
+
+    def feedback(self):
+        """Its three panes; the first and the third button of the first lead to the others."""
+        for pane, button in enumerate([None, 0, 2]):
+            self.beside("feedback")
+            self.screen.resting_place(self.control("push button", 2))
+            if button is not None:
+                self.click(self.control("push button", button))
+            self.screen.xdotool("mousemove", 2879, 1999)
+            self.take(f"feedback-{pane}", ".+")
+        self.beside("progress")
+        self.screen.resting_place(self.control("progress bar", 0))
+        self.take("progress", ".+")
+
     def all(self):
+        self.feedback()
         self.account()
         self.open()
         self.take("empty")
@@ -188,13 +207,13 @@ class Pictures:
         self.program.close()
 
 
-def main(bundle, tool, folder, *looks):
-    bundle, tool, folder = Path(bundle).resolve(), Path(tool).resolve(), Path(folder).resolve()
+def main(bundle, tool, side, folder, *looks):
+    bundle, tool, side, folder = (Path(each).resolve() for each in (bundle, tool, side, folder))
     folder.mkdir(parents=True, exist_ok=True)
     desktop = Desktop(size="2880x2000")
     try:
         for name in looks or LOOKS:
-            Pictures(desktop, bundle, tool, folder, name).all()
+            Pictures(desktop, bundle, tool, side, folder, name).all()
             print(f"{name}: {len(list(folder.glob(name + '-*.png')))} pictures", flush=True)
     finally:
         desktop.close()

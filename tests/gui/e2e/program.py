@@ -76,13 +76,20 @@ class Program:
         self.process = process
         return process
 
+    def start_beside(self, executable, kind):
+        """Starts a program of the tests that shows a window of this account's bundle."""
+        self.process = self._start([executable, self.bundle, kind], self.environment)
+        return self.process
+
     def start_another(self, *arguments, without=(), **environment):
         variables = {name: value for name, value in (self.environment | environment).items() if name not in without}
+        return self._start([self.bundle / "decant", *map(str, arguments)], variables)
+
+    def _start(self, command, variables):
         self.starts += 1
         with open(self.home / f"output-{self.starts}", "wb") as output:
-            return subprocess.Popen([self.bundle / "decant", *map(str, arguments)], env=variables,
-                                    stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT, cwd=self.movies,
-                                    preexec_fn=dies_with_the_test)
+            return subprocess.Popen(command, env=variables, stdin=subprocess.DEVNULL, stdout=output,
+                                    stderr=subprocess.STDOUT, cwd=self.movies, preexec_fn=dies_with_the_test)
 
     def output(self):
         texts = [file.read_text(errors="replace") for file in sorted(self.home.glob("output-*"))]

@@ -19,6 +19,9 @@ class TestUsages final : public QObject {
   void tellsThatRateableMayHaveChanged();
   void asksForFeedback_data();
   void asksForFeedback();
+  void opensTheLinkOfTheTag();
+  void passesOnTheWishToEnd();
+  void looksForNoUpdates();
 
  private:
   std::unique_ptr<ScratchProgram> m_program;
@@ -105,6 +108,35 @@ void TestUsages::asksForFeedback() {
   delegate.increaseUsagesBy(0, 10, 20, u"[APPNAME] [USAGES_ASKREVIEW] [APPNAME]"_s, allow, force);
   QCOMPARE(requested.size(), asked);
   if (asked) QCOMPARE(requested.first().first().toString(), u"Decant 20 Decant"_s);
+}
+
+void TestUsages::opensTheLinkOfTheTag() {
+  m_program->setInfo(u"VendorProductPage"_s, u"https://decant.example/home"_s);
+  m_program->setInfo(u"MacupdateProductPage"_s, u"https://decant.example/rate"_s);
+  m_program->restart();
+  VKApplicationDelegate delegate;
+  QObject item;
+  item.setProperty("tag", 3);
+  delegate.openURL(item);
+  item.setProperty("tag", u"6"_s);
+  delegate.openURL(item);
+  QCOMPARE(m_program->opener().opened, QList<QUrl>({QUrl(u"https://decant.example/home"_s),
+                                                    QUrl(u"https://decant.example/rate"_s)}));
+}
+
+void TestUsages::passesOnTheWishToEnd() {
+  VKApplicationDelegate delegate;
+  QSignalSpy requested(&delegate, &VKApplicationDelegate::terminationRequested);
+  delegate.terminate(*this);
+  QCOMPARE(requested.size(), 1);
+}
+
+void TestUsages::looksForNoUpdates() {
+  VKApplicationDelegate delegate;
+  delegate.initUpdateCheck();
+  delegate.checkForUpdatesAction(*this);
+  QVERIFY(m_program->opener().opened.isEmpty());
+  QVERIFY(m_program->presenter().presented.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestUsages)
