@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QToolTip>
+#include <algorithm>
 
 #include "JobDelegate.h"
 #include "JobListModel.h"
@@ -117,8 +118,27 @@ void JobListView::focusInEvent(QFocusEvent *event) {
   // Who comes by the keyboard can act on the row at once.
   const bool byKeyboard =
       event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-  if (byKeyboard && currentIndex().isValid() && !selectionModel()->hasSelection())
-    selectionModel()->select(currentIndex(), QItemSelectionModel::Select);
+  if (byKeyboard) (void)selectForKeyboard();
+}
+
+// The list may have the focus without a selected row: rows came after the focus, or the selected
+// one left. Its keys first show where they will act.
+void JobListView::keyPressEvent(QKeyEvent *event) {
+  static constexpr Qt::Key acting[] = {
+      Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Home,  Qt::Key_End,    Qt::Key_Space,
+      Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Enter, Qt::Key_Return, Qt::Key_Delete};
+  if (std::ranges::find(acting, event->key()) != std::end(acting) && selectForKeyboard()) return;
+  QListView::keyPressEvent(event);
+}
+
+// Selects the row that the keyboard is on, else the first; false when rows are selected already, or
+// there is none.
+bool JobListView::selectForKeyboard() {
+  if (!selectionModel() || selectionModel()->hasSelection()) return false;
+  const QModelIndex row = currentIndex().isValid() ? currentIndex() : model()->index(0, 0);
+  if (!row.isValid()) return false;
+  selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect);
+  return true;
 }
 
 // Rows are alike in height, whatever they show; the list itself would lay all of them out again.

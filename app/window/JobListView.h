@@ -31,6 +31,7 @@ class JobListView final : public QListView {
   void mouseReleaseEvent(QMouseEvent *event) override;
   void leaveEvent(QEvent *event) override;
   void focusInEvent(QFocusEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
   void changeEvent(QEvent *event) override;
   bool viewportEvent(QEvent *event) override;
 
@@ -42,6 +43,7 @@ class JobListView final : public QListView {
   };
   [[nodiscard]] Spot spotAt(const QPoint &position) const;
   void setHot(const Spot &spot);
+  [[nodiscard]] bool selectForKeyboard();
   // Whether it was a button of a row.
   [[nodiscard]] bool pressButton(const QMouseEvent &event);
 

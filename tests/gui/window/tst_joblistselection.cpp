@@ -29,6 +29,9 @@ class TestJobListSelection final : public QObject {
   void longSelection();
   void changesOfOtherRowsAreNotLookedAt();
   void everyQuickClickCounts();
+  void keysSelectWhereNothingIs_data();
+  void keysSelectWhereNothingIs();
+  void enteringByTabSelects();
   void enterReveals_data();
   void enterReveals();
 
@@ -138,6 +141,46 @@ void TestJobListSelection::everyQuickClickCounts() {
   QTest::mouseDClick(viewport, Qt::LeftButton, {}, place);
   QTest::mouseRelease(viewport, Qt::LeftButton, {}, place);
   QCOMPARE(states(), QList<int>{JobStatePaused});
+}
+
+void TestJobListSelection::keysSelectWhereNothingIs_data() {
+  QTest::addColumn<int>("key");
+  QTest::addColumn<bool>("selects");
+  QTest::newRow("down") << int(Qt::Key_Down) << true;
+  QTest::newRow("up") << int(Qt::Key_Up) << true;
+  QTest::newRow("page down") << int(Qt::Key_PageDown) << true;
+  QTest::newRow("delete") << int(Qt::Key_Delete) << true;
+  QTest::newRow("return") << int(Qt::Key_Return) << true;
+  QTest::newRow("space") << int(Qt::Key_Space) << true;
+  QTest::newRow("shift") << int(Qt::Key_Shift) << false;
+  QTest::newRow("escape") << int(Qt::Key_Escape) << false;
+}
+
+// The focus came to the list when it was empty.
+void TestJobListSelection::keysSelectWhereNothingIs() {
+  QFETCH(const int, key);
+  QFETCH(const bool, selects);
+  m_b->app().pauseContinueClicked(true);
+  list().setFocus(Qt::OtherFocusReason);
+  QVERIFY(m_b->queueUp({u"1.mkv"_s, u"2.mkv"_s}));
+  QVERIFY(list().hasFocus());
+  QVERIFY(!list().selectionModel()->hasSelection());
+  QTest::keyClick(&list(), static_cast<Qt::Key>(key));
+  QCOMPARE(m_b->names().size(), 2);
+  QCOMPARE(list().selectionModel()->isSelected(list().model()->index(0, 0)), selects);
+  QCOMPARE(list().selectionModel()->selectedRows().size(), selects ? 1 : 0);
+}
+
+void TestJobListSelection::enteringByTabSelects() {
+  m_b->app().pauseContinueClicked(true);
+  QVERIFY(m_b->queueUp({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s}));
+  select({0});
+  QTest::keyClick(&list(), Qt::Key_Delete);
+  list().clearSelection();
+  list().setCurrentIndex({});
+  m_b->find<QWidget>(u"styleCustom"_s)->setFocus();
+  list().setFocus(Qt::BacktabFocusReason);
+  QVERIFY(list().selectionModel()->isSelected(list().model()->index(0, 0)));
 }
 
 void TestJobListSelection::enterReveals_data() {
