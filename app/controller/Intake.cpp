@@ -1,6 +1,7 @@
 #include "Intake.h"
 
 #include <QPointer>
+#include <utility>
 
 #include "Dispatch.h"
 #include "Exceptions.h"
@@ -70,9 +71,38 @@ Intake::State Intake::state() const {
   return m_showing ? State::Showing : State::Idle;
 }
 
-void Intake::openFiles(const QStringList &paths) {
-  const SortedFiles sorted = sortFiles(paths);
+// What the worker is given to read, and what it found out.
+struct Intake::Reading {
+  QString path;
+  QMap<QString, QString> subtitles;
+  QStringList untested;
+  QStringList texts;  // the untested ones that hold text
+  QString subtitle;   // the paired one; null when there is none
+  ProbeRun run;
+
+  // Subtitle files may lie where a file takes long to open.
+  void pair() {
+    for (const QString &each : std::as_const(untested)) {
+      if (!isTextSubtitle(each)) continue;
+      texts.append(each);
+      subtitles.insert(withoutExtension(each), each);
+    }
+    subtitle = pairedSubtitle(path, subtitles);
+  }
+};
+
+// A later file takes the place of an earlier one of its stem, and a ".sub" file that of the others
+// that came with it, if it holds text.
+void Intake::takeSubtitles(const SortedFiles &sorted) {
   m_importSubtitleFiles.insert(sorted.subtitles);
+  m_untestedSubtitles.removeIf(
+      [&sorted](const QString &each) { return sorted.subtitles.contains(withoutExtension(each)); });
+  m_untestedSubtitles.append(sorted.untested);
+}
+
+void Intake::openFiles(const QStringList &paths) {
+  const SortedFiles sorted = sortByName(paths);
+  takeSubtitles(sorted);
   for (auto movie = sorted.movies.crbegin(); movie != sorted.movies.crend(); ++movie)
     m_importFiles.append(*movie);
   addNextFile();
@@ -81,8 +111,7 @@ void Intake::openFiles(const QStringList &paths) {
 void Intake::addNextFile() {
   if (state() != State::Idle || m_importFiles.isEmpty()) return;
   m_currentPath = m_importFiles.takeLast();
-  const QString path = m_currentPath;
-  const QString subtitle = pairedSubtitle(path, m_importSubtitleFiles);
+  Reading reading{m_currentPath, m_importSubtitleFiles, m_untestedSubtitles, {}, {}, {}};
   m_probing = true;
   m_skipping = false;
   Q_EMIT changed();
@@ -90,26 +119,32 @@ void Intake::addNextFile() {
   const ProbeSettings settings{.heAACConvert = settingBool("HEAACConvert"),
                                .giveUp = [giveUp = m_giveUp] { return giveUp->load(); }};
   ostrak::dispatch_async_back(
-      [path, subtitle, settings, prober = m_prober, intake = QPointer<Intake>(this)] {
-        const ProbeRun run = probeGuarded(prober, path, settings);
-        ostrak::dispatch_async_main([path, subtitle, run, intake] {
-          if (intake) intake->probeDone(path, subtitle, run);
+      [reading, settings, prober = m_prober, intake = QPointer<Intake>(this)]() mutable {
+        reading.pair();
+        reading.run = probeGuarded(prober, reading.path, settings);
+        ostrak::dispatch_async_main([reading, intake] {
+          if (intake) intake->probeDone(reading);
         });
       });
 }
 
-void Intake::probeDone(const QString &path, const QString &subtitle, const ProbeRun &run) {
+void Intake::probeDone(const Reading &read) {
   m_probing = false;
+  // One that a later file has replaced meanwhile is not wanted any more.
+  for (const QString &each : read.untested) {
+    if (m_untestedSubtitles.removeOne(each) && read.texts.contains(each))
+      m_importSubtitleFiles.insert(withoutExtension(each), each);
+  }
   if (m_skipping) {
     leave();
     return;
   }
-  if (run.outcome.record) {
-    show(*run.outcome.record, subtitle);
+  if (read.run.outcome.record) {
+    show(*read.run.outcome.record, read.subtitle);
     return;
   }
   Q_EMIT changed();
-  Q_EMIT refused(path, run.outcome, run.toolMissing);
+  Q_EMIT refused(read.path, read.run.outcome, read.run.toolMissing);
   // Who listens may have opened the next file already.
   if (state() == State::Idle) leave();
 }

@@ -50,6 +50,7 @@ class Intake final : public QObject {
   [[nodiscard]] const QString &currentPath() const { return m_currentPath; }
   // The last is taken first.
   [[nodiscard]] const QStringList &importFiles() const { return m_importFiles; }
+  // A ".sub" file is among them once its content was looked at, which is done with the next movie.
   [[nodiscard]] const QMap<QString, QString> &importSubtitleFiles() const {
     return m_importSubtitleFiles;
   }
@@ -75,7 +76,9 @@ class Intake final : public QObject {
   void drained();
 
  private:
-  void probeDone(const QString &path, const QString &subtitle, const ProbeRun &run);
+  struct Reading;
+  void takeSubtitles(const SortedFiles &sorted);
+  void probeDone(const Reading &read);
   void show(MKVFileInfo record, const QString &subtitle);
   void leave();
 
@@ -84,6 +87,7 @@ class Intake final : public QObject {
   QStringList m_importFiles;
   QString m_currentPath;
   QMap<QString, QString> m_importSubtitleFiles;
+  QStringList m_untestedSubtitles;  // ".sub" files that nobody has looked into yet
   std::optional<MKVFileInfo> m_fileInfo;
   quint64 m_audioTrackIndex = 0;
   bool m_probing = false;

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "Descriptor.h"
 
@@ -36,6 +37,7 @@ std::optional<QByteArray> firstFourBytes(const QString &path) {
   return QByteArray(bytes.data(), count);
 }
 
+<<<<<<< Updated upstream
 bool isTextSubtitle(const QString &path) {
   const std::optional<QByteArray> start = firstFourBytes(path);
   return start && *start != QByteArray("\x00\x00\x01\xBA", 4);
@@ -46,6 +48,8 @@ QString stemOf(const QString &path) {
   return withoutExtension(QDir::cleanPath(path));
 }
 
+=======
+>>>>>>> Stashed changes
 // The smallest path among those whose key begins with `prefix`.
 QString firstByPath(const QMap<QString, QString> &subtitles, const QString &prefix) {
   QString found;
@@ -69,23 +73,32 @@ const QStringList &subtitleFileTypes() {
   return types;
 }
 
-SortedFiles sortFiles(const QStringList &paths) {
+bool isTextSubtitle(const QString &path) {
+  const std::optional<QByteArray> start = firstFourBytes(path);
+  return start && *start != QByteArray("\x00\x00\x01\xBA", 4);
+}
+
+SortedFiles sortByName(const QStringList &paths) {
   SortedFiles sorted;
-  QStringList subs;
   for (const QString &path : paths) {
     const QString extension = lowerExtension(path);
     if (movieFileTypes().contains(extension)) {
       sorted.movies.append(path);
     } else if (extension == "sub"_L1) {
-      subs.append(path);
+      sorted.untested.append(path);
     } else if (subtitleFileTypes().contains(extension)) {
       sorted.subtitles.insert(stemOf(path), path);
     } else {
       sorted.others.append(path);
     }
   }
+  return sorted;
+}
+
+SortedFiles sortFiles(const QStringList &paths) {
+  SortedFiles sorted = sortByName(paths);
   // After all others, so that a "sub" replaces the rest of its stem wherever it stood.
-  for (const QString &path : subs) {
+  for (const QString &path : std::exchange(sorted.untested, {})) {
     if (isTextSubtitle(path)) {
       sorted.subtitles.insert(stemOf(path), path);
     } else {

@@ -13,13 +13,18 @@ struct SortedFiles {
   // Cleaned path without extension → path as given; the last of one stem wins.
   QMap<QString, QString> subtitles;
   QStringList others;
+  QStringList untested;  // ".sub" files, in the given order, while their content is not known
 };
 
 // Accepted movie extensions, lower case, in their documented order; subtitle extensions likewise.
 [[nodiscard]] const QStringList &movieFileTypes();
 [[nodiscard]] const QStringList &subtitleFileTypes();
-// Sorts paths by their extension, and ".sub" files by their first bytes: an MPEG program stream is
-// a picture subtitle and goes to `others`, as does one that is not a readable file.
+// Sorts paths by their extension. Opens no file; ".sub" files go to `untested`.
+[[nodiscard]] SortedFiles sortByName(const QStringList &paths);
+// Whether the file holds subtitles as text, by its first bytes: an MPEG program stream is a picture
+// subtitle. False also for what is not a readable file. May take long on a folder far away.
+[[nodiscard]] bool isTextSubtitle(const QString &path);
+// The same, and ".sub" files by their content, too: what is no text goes to `others`.
 [[nodiscard]] SortedFiles sortFiles(const QStringList &paths);
 // The subtitle file for a movie: the exact stem first, then "stem.", then any that begins with the
 // stem, each by path. How the paths are written ("./", "x/../") makes no difference; links are not

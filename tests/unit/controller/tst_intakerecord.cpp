@@ -29,6 +29,9 @@ class TestIntakeRecord final : public QObject {
   }
 
   void subtitlesAloneDoNothingYet();
+  void subFilesAreReadWithTheMovie();
+  void pictureSubLeavesTheOthers();
+  void laterSubtitleReplacesAnUntestedSub();
   void subtitleIsPairedAndCounted();
   void pairingStaysForALaterMovie();
   void subtitleThatComesLaterIsNotPaired();
@@ -38,6 +41,11 @@ class TestIntakeRecord final : public QObject {
   void recordWithoutAudioHasNoBestTrack();
 
  private:
+  [[nodiscard]] QString write(const QString &name, const QByteArray &content) {
+    QFile file(m_program->path(name));
+    return file.open(QIODevice::WriteOnly) && file.write(content) >= 0 ? file.fileName()
+                                                                       : QString();
+  }
   void waitForShown(const QString &name) {
     QTRY_COMPARE(m_intake->state(), Intake::State::Showing);
     QCOMPARE(m_intake->fileInfo()->fileName, name);
@@ -51,6 +59,46 @@ void TestIntakeRecord::subtitlesAloneDoNothingYet() {
   m_intake->openFiles({u"/a.srt"_s});
   QVERIFY(m_intake->isIdle());
   QCOMPARE(m_intake->importSubtitleFiles().value(u"/a"_s), u"/a.srt"_s);
+}
+
+// On the window's own thread nothing is read: the file may lie where that takes long.
+void TestIntakeRecord::subFilesAreReadWithTheMovie() {
+  const QString sub = write(u"a.sub"_s, "{1}{2}text");
+  m_intake->openFiles({sub});
+  QVERIFY(m_intake->importSubtitleFiles().isEmpty());
+  m_intake->openFiles({m_program->path(u"a.mkv"_s)});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(sub));
+  QCOMPARE(m_intake->importSubtitleFiles().value(m_program->path(u"a"_s)), sub);
+}
+
+void TestIntakeRecord::pictureSubLeavesTheOthers() {
+  const QString srt = m_program->path(u"a.srt"_s);
+  m_intake->openFiles(
+      {write(u"a.sub"_s, QByteArray::fromHex("000001ba00")), srt, m_program->path(u"a.mkv"_s)});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(srt));
+  QCOMPARE(m_intake->importSubtitleFiles().values(), QStringList(srt));
+}
+
+void TestIntakeRecord::laterSubtitleReplacesAnUntestedSub() {
+  const QString srt = m_program->path(u"a.srt"_s);
+  m_intake->openFiles({write(u"a.sub"_s, "{1}{2}text")});
+  m_intake->openFiles({srt});
+  m_intake->openFiles({m_program->path(u"a.mkv"_s)});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(srt));
+  // One that comes while another is being read, too.
+  m_prober->hold();
+  m_intake->openFiles({write(u"b.sub"_s, "{1}{2}text"), m_program->path(u"b.mkv"_s)});
+  m_intake->clearFileInfo();
+  m_intake->cancelAdd();
+  QTRY_COMPARE(m_prober->running(), 1);
+  m_intake->openFiles({m_program->path(u"b.srt"_s)});
+  m_prober->finishOne();
+  waitForShown(u"b.mkv"_s);
+  QCOMPARE(m_intake->importSubtitleFiles().value(m_program->path(u"b"_s)),
+           m_program->path(u"b.srt"_s));
 }
 
 void TestIntakeRecord::subtitleIsPairedAndCounted() {
