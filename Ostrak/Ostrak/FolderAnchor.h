@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <unordered_map>
+#include <utility>
 
 #include "InotifyWatch.h"
 
@@ -17,6 +18,11 @@ class FolderAnchor final {
 
   // Watches what the path leads through now, instead of what it led through before.
   void set();
+  // The same for another path.
+  void set(QByteArray path) {
+    m_path = std::move(path);
+    set();
+  }
   // Whether the event may have changed where the path leads; `set` is due then.
   [[nodiscard]] bool concerns(const InotifyEvent &event) const;
   [[nodiscard]] const QByteArray &path() const { return m_path; }
