@@ -2,8 +2,10 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include "Alerts.h"
+#include "Defaults.h"
 #include "Format.h"
 #include "Text.h"
 
@@ -40,6 +42,17 @@ QString withExtension(const QString &path, const QString &extension) {
   const QString wanted = u'.' + extension;
   return path.endsWith(wanted, Qt::CaseInsensitive) ? path : path + wanted;
 }
+
+// A panel opens where the last answer was found, at first among the user's films.
+QString usualFolder(const QString &key) {
+  const QString last = ostrak::defaultString(key);
+  if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
+  const QString films = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+  return QFileInfo(films).isDir() ? films : QDir::homePath();
+}
+
+const QString addedFolderKey = u"LastAddedFolder"_s;
+const QString chosenFolderKey = u"LastChosenFolder"_s;
 
 QString patterns(const QStringList &extensions) {
   QStringList found;
@@ -88,20 +101,29 @@ void WindowPanels::askToReplace(const QString &path, const QString &extension,
 
 void WindowPanels::askForFolder(Over over, PathAnswer answer) {
   QWidget *window = over == Over::MainWindow ? m_mainWindow : m_preferencesWindow;
-  auto *dialog = new QFileDialog(window, localized(u"Choose a Folder"_s));
+  auto *dialog =
+      new QFileDialog(window, localized(u"Choose a Folder"_s), usualFolder(chosenFolderKey));
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
-  show(dialog, u"folderPanel"_s,
-       [answer = std::move(answer)](const QStringList &paths) { answerFirst(answer, paths); });
+  show(dialog, u"folderPanel"_s, [answer = std::move(answer)](const QStringList &paths) {
+    if (!paths.isEmpty())
+      ostrak::setDefaultObject(chosenFolderKey, QFileInfo(paths.first()).absolutePath());
+    answerFirst(answer, paths);
+  });
 }
 
 void WindowPanels::askForFiles(const QStringList &extensions,
                                std::function<void(const QStringList &paths)> answer) {
-  auto *dialog = new QFileDialog(m_mainWindow, localized(u"Add Movies"_s));
+  auto *dialog =
+      new QFileDialog(m_mainWindow, localized(u"Add Movies"_s), usualFolder(addedFolderKey));
   dialog->setFileMode(QFileDialog::ExistingFiles);
   dialog->setNameFilter(localized(u"Movies and subtitle files"_s) + u" ("_s + patterns(extensions) +
                         u')');
-  show(dialog, u"openPanel"_s, std::move(answer));
+  show(dialog, u"openPanel"_s, [answer = std::move(answer)](const QStringList &paths) {
+    if (!paths.isEmpty())
+      ostrak::setDefaultObject(addedFolderKey, QFileInfo(paths.first()).absolutePath());
+    answer(paths);
+  });
 }
 
 }  // namespace decant
