@@ -44,6 +44,11 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
       m_disposal(m_services.trashCan),
       m_intake(m_services.preferredLanguages, m_services.prober) {
   if (!m_services.destination) m_services.destination = fixedDestination({});
+  m_claimed.protectWaiting([this] {
+    const QString current = m_intake.currentPath();
+    return current.isNull() ? m_intake.importFiles()
+                            : m_intake.importFiles() + QStringList(current);
+  });
   registerSettings();
   connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);

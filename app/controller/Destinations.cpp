@@ -1,5 +1,7 @@
 #include "Destinations.h"
 
+#include <algorithm>
+
 #include "Settings.h"
 #include "SortedFiles.h"
 #include "Url.h"
@@ -155,7 +157,16 @@ bool ClaimedNames::isClaimed(const Files &files) const {
 }
 
 bool ClaimedNames::isSource(const QString &path) const {
-  return jobsOnSource(path) > 0;
+  return jobsOnSource(path) > 0 || isWaiting(path);
+}
+
+bool ClaimedNames::isWaiting(const QString &path) const {
+  const QStringList waiting = m_waiting ? m_waiting() : QStringList();
+  if (waiting.contains(path)) return true;
+  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(path);
+  return identity && std::ranges::any_of(waiting, [&](const QString &movie) {
+           return ostrak::fileIdentity(movie) == identity;
+         });
 }
 
 bool ClaimedNames::isSourceName(const Files &files) const {

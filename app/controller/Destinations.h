@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <QUrl>
+#include <functional>
 #include <optional>
 
 #include "Destination.h"
@@ -34,7 +35,7 @@ struct DestinationChoice {
 // A name stands for the folder that holds it, whatever path leads there; a source, the subtitle
 // file that is paired with a movie included, is known by its device and inode as they were when it
 // was claimed, so that renaming it does not unprotect it, and by its name. All lookups are constant
-// time.
+// time, but for that of an existing file among those that wait.
 class ClaimedNames final {
  public:
   // The files of a job as the system knows them at this moment. Looking is what costs; whoever asks
@@ -52,11 +53,13 @@ class ClaimedNames final {
   void claim(const QString &destination, const QString &source, const QString &subtitle = {});
   void claim(const Files &files);
   void release(const QString &destination);
+  // Movies that wait for their turn, or have it, are sources, too; `waiting` tells them when asked.
+  void protectWaiting(std::function<QStringList()> waiting) { m_waiting = std::move(waiting); }
   // The job that claimed `destination` will write to `other` instead.
   void move(const QString &destination, const QString &other);
   [[nodiscard]] bool isClaimed(const QString &destination) const;
   [[nodiscard]] bool isClaimed(const Files &files) const;
-  // Whether the file at `path` is a source of a queued job.
+  // Whether the file at `path` is a source of a queued job, or will be one.
   [[nodiscard]] bool isSource(const QString &path) const;
   // Whether the job's destination has the name of a source of its own, or of a queued job's.
   [[nodiscard]] bool isSourceName(const Files &files) const;
@@ -75,6 +78,7 @@ class ClaimedNames final {
     std::optional<ostrak::FileIdentity> subtitle;
   };
   using Claims = QHash<QString, Claim>;
+  [[nodiscard]] bool isWaiting(const QString &path) const;
   void release(Claims::iterator claim);
   void countAnew(const QString &name);
   void protect(const QString &name, const std::optional<ostrak::FileIdentity> &file);
@@ -85,6 +89,7 @@ class ClaimedNames final {
   mutable QHash<QString, quint64> m_nextNumbers;
   QHash<QString, int> m_sourceNames;
   QHash<ostrak::FileIdentity, int> m_sources;
+  std::function<QStringList()> m_waiting;
 };
 
 // The file that a record is converted to, made unique; nothing when the choice is next to the

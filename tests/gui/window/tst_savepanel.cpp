@@ -26,6 +26,8 @@ class TestSavePanel final : public QObject {
   void holdsTheExtension();
   void asksBeforeItReplaces();
   void anotherNameInstead();
+  void waitingMoviesAreNotReplaced_data();
+  void waitingMoviesAreNotReplaced();
   void unwritableSettingsAreTold();
 
  private:
@@ -72,6 +74,36 @@ void TestSavePanel::anotherNameInstead() {
   QVERIFY(m_b->names().isEmpty());
   QVERIFY(m_b->answerPanel(m_b->path(u"new.m4v"_s)));
   QTRY_COMPARE(destination(), m_b->path(u"new.m4v"_s));
+}
+
+void TestSavePanel::waitingMoviesAreNotReplaced_data() {
+  QTest::addColumn<QString>("chosen");
+  QTest::addColumn<bool>("refused");
+  QTest::newRow("by its name") << u"Waiting.mp4"_s << true;
+  QTest::newRow("by a link") << u"link/Waiting.mp4"_s << true;
+  QTest::newRow("another") << u"Other.mp4"_s << false;
+}
+
+// Files that arrive while the panel is up wait behind the movie that it asks about.
+void TestSavePanel::waitingMoviesAreNotReplaced() {
+  QFETCH(const QString, chosen);
+  QFETCH(const bool, refused);
+  QVERIFY(m_b->cancelPanel());
+  ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
+  QVERIFY(m_b->click(u"addButton"_s));
+  QVERIFY(QFile::link(m_b->path(QString()), m_b->path(u"link"_s)));
+  const QString other = m_b->movie(u"Other.mp4"_s);
+  const QString waiting = m_b->movie(u"Waiting.mp4"_s);
+  m_b->intake().openFiles({waiting});
+  QVERIFY(m_b->answerPanel(m_b->path(chosen)));
+  QTRY_COMPARE(m_b->told().size(), refused ? 1 : 0);
+  QCOMPARE(m_b->names().size(), refused ? 0 : 1);
+  QCOMPARE(QFile::exists(waiting), true);
+  QCOMPARE(QFile::exists(other), refused);
+  if (refused) {
+    QVERIFY(m_b->told().first().startsWith(u"You've tried to overwrite the source file"_s));
+    QCOMPARE(m_b->presented().first().buttons, QStringList{u"D'oh"_s});
+  }
 }
 
 void TestSavePanel::unwritableSettingsAreTold() {
