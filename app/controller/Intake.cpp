@@ -85,7 +85,7 @@ struct Intake::Reading {
     for (const QString &each : std::as_const(untested)) {
       if (!isTextSubtitle(each)) continue;
       texts.append(each);
-      subtitles.insert(withoutExtension(each), each);
+      subtitles.insert(stemOf(each), each);
     }
     subtitle = pairedSubtitle(path, subtitles);
   }
@@ -96,7 +96,7 @@ struct Intake::Reading {
 void Intake::takeSubtitles(const SortedFiles &sorted) {
   m_importSubtitleFiles.insert(sorted.subtitles);
   m_untestedSubtitles.removeIf(
-      [&sorted](const QString &each) { return sorted.subtitles.contains(withoutExtension(each)); });
+      [&sorted](const QString &each) { return sorted.subtitles.contains(stemOf(each)); });
   m_untestedSubtitles.append(sorted.untested);
 }
 
@@ -133,7 +133,7 @@ void Intake::probeDone(const Reading &read) {
   // One that a later file has replaced meanwhile is not wanted any more.
   for (const QString &each : read.untested) {
     if (m_untestedSubtitles.removeOne(each) && read.texts.contains(each))
-      m_importSubtitleFiles.insert(withoutExtension(each), each);
+      m_importSubtitleFiles.insert(stemOf(each), each);
   }
   if (m_skipping) {
     leave();

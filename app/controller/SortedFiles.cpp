@@ -37,19 +37,6 @@ std::optional<QByteArray> firstFourBytes(const QString &path) {
   return QByteArray(bytes.data(), count);
 }
 
-<<<<<<< Updated upstream
-bool isTextSubtitle(const QString &path) {
-  const std::optional<QByteArray> start = firstFourBytes(path);
-  return start && *start != QByteArray("\x00\x00\x01\xBA", 4);
-}
-
-// However a path is written, its file is the same: "./" and "x/../" do not count.
-QString stemOf(const QString &path) {
-  return withoutExtension(QDir::cleanPath(path));
-}
-
-=======
->>>>>>> Stashed changes
 // The smallest path among those whose key begins with `prefix`.
 QString firstByPath(const QMap<QString, QString> &subtitles, const QString &prefix) {
   QString found;
@@ -115,6 +102,10 @@ QString pairedSubtitle(const QString &moviePath, const QMap<QString, QString> &s
   const QString dotted = stem + u'.';
   const QString afterDot = firstByPath(subtitles, dotted);
   return afterDot.isNull() ? firstByPath(subtitles, stem) : afterDot;
+}
+
+QString stemOf(const QString &path) {
+  return withoutExtension(QDir::cleanPath(path));
 }
 
 QString withoutExtension(const QString &path) {

@@ -31,6 +31,9 @@ struct SortedFiles {
 // looked at. Null when there is none.
 [[nodiscard]] QString pairedSubtitle(const QString &moviePath,
                                      const QMap<QString, QString> &subtitles);
+// The key of a subtitle file: its path, cleaned, without its extension. However a path is written,
+// its file is the same: "./" and "x/../" do not count.
+[[nodiscard]] QString stemOf(const QString &path);
 // A path without its extension; the dot of a hidden file does not begin one.
 [[nodiscard]] QString withoutExtension(const QString &path);
 // The extension, lower case; empty when there is none.
