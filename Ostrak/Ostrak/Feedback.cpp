@@ -4,6 +4,7 @@
 #include "Dispatch.h"
 #include "Logging.h"
 #include "Ostrak.h"
+#include "Patience.h"
 #include "SupportMail.h"
 #include "Text.h"
 #include "UrlOpener.h"
@@ -33,20 +34,30 @@ Alert feedbackAlert(const QString &message, const QString &details, bool fatal) 
   return made;
 }
 
-// The report's link; empty when its facts cannot be gathered, or no more.
-QString feedbackLink(const QString &message, const QString &details, bool fatal) {
-  if (!tk) return {};
+using Gather = std::function<SupportFacts()>;
+
+// The report's link; empty when its facts cannot be gathered.
+QString feedbackLink(const Gather &gather, const QString &message, const QString &details,
+                     bool fatal) {
   try {
-    SupportFacts facts = SupportFacts::ofProgram();
-    facts.preferences = SupportFacts::readPreferences();
-    return cutMailLink(problemReportMail(facts, message, details, fatal));
+    return cutMailLink(problemReportMail(gather(), message, details, fatal));
   } catch (const std::exception &) {
     return {};
   }
 }
 
-void openAnswered(int code, const QString &link) {
-  if (code == firstButton && tk && tk->workspace()) tk->workspace()->open(mailUrl(link));
+void openLink(const QString &link) {
+  if (tk && tk->workspace()) tk->workspace()->open(mailUrl(link));
+}
+
+void sendReport(const QString &message, const QString &details) {
+  if (!tk) return;
+  patiently(
+      localized(u"Preparing the Problem Report"_s),
+      [gather = SupportFacts::gatherer(true), message, details] {
+        return feedbackLink(gather, message, details, false);
+      },
+      openLink);
 }
 
 void logFeedback(const QString &message, const QString &details) {
@@ -64,9 +75,10 @@ void logFeedback(const QString &message, const QString &details) {
 void alert_feedback(const QString &message, const QString &details, bool fatal) {
   logFeedback(message, details);
   dispatch_sync_main([&] {
-    const QString link = feedbackLink(message, details, fatal);
+    const QString link =
+        tk ? feedbackLink(SupportFacts::gatherer(true), message, details, fatal) : QString();
     Alert made = feedbackAlert(message, details, fatal);
-    openAnswered(presentAlert(made), link);
+    if (presentAlert(made) == firstButton) openLink(link);
     if (fatal) endProcess();
   });
 }
@@ -82,8 +94,9 @@ void alert_feedback_nonfatal(const QString &message, const QString &details) {
 
 void postFeedback(const QString &message, const QString &details) {
   logFeedback(message, details);
-  const QString link = feedbackLink(message, details, false);
-  postAlert(feedbackAlert(message, details, false), [link](int code) { openAnswered(code, link); });
+  postAlert(feedbackAlert(message, details, false), [message, details](int code) {
+    if (code == firstButton) sendReport(message, details);
+  });
 }
 
 }  // namespace ostrak

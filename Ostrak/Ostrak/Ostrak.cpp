@@ -5,6 +5,7 @@
 #include "Dispatch.h"
 #include "KeyboardModifiers.h"
 #include "Logging.h"
+#include "Patience.h"
 #include "SupportMail.h"
 #include "Text.h"
 #include "UrlOpener.h"
@@ -116,12 +117,17 @@ QStringList Ostrak::appCrashLogs() const {
 }
 
 void Ostrak::sendSupportRequestMail(const QString &usersText) {
-  SupportFacts facts = SupportFacts::ofProgram();
-  if (keyboard() && keyboard()->altHeld()) facts.preferences = SupportFacts::readPreferences();
+  const auto gather = SupportFacts::gatherer(keyboard() && keyboard()->altHeld());
   const QString configured = infoValue(u"FeedbackEmail"_s);
   const QString address = configured.isNull() ? builtInSupportAddress() : configured;
-  if (workspace())
-    workspace()->open(mailUrl(cutMailLink(supportRequestMail(facts, address, usersText))));
+  patiently(
+      localized(u"Preparing the Message"_s),
+      [gather, address, usersText] {
+        return mailUrl(cutMailLink(supportRequestMail(gather(), address, usersText)));
+      },
+      [](const QUrl &link) {
+        if (tk && tk->workspace()) tk->workspace()->open(link);
+      });
 }
 
 void Ostrak::openURL(int choice) {

@@ -77,7 +77,8 @@ class Ostrak final {
 
   // Names of this program's crash reports.
   [[nodiscard]] QStringList appCrashLogs() const;
-  // Composes a support request in the user's mail program.
+  // Composes a support request in the user's mail program; at the latest when its facts have been
+  // gathered. Main thread.
   void sendSupportRequestMail(const QString &usersText);
   // Opens one of the program's web or mail destinations. One that the bundle's information does not
   // name opens nothing; a number that is none of these opens the empty address.

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QUrl>
+#include <functional>
 
 namespace ostrak {
 
@@ -55,10 +56,10 @@ struct SupportFacts {
   qsizetype crashLogs = 0;
   QByteArray preferences;  // bytes of the settings file; empty: none attached
 
-  // The facts of the running program, `preferences` left empty.
-  [[nodiscard]] static SupportFacts ofProgram();
-  // The settings file of the running program as it stands, after a flush.
-  [[nodiscard]] static QByteArray readPreferences();
+  // What gathers the facts of the running program: made on the main thread, which also flushes the
+  // settings when `withPreferences`, and called on any. It reads files and the user database, which
+  // may be slow, and takes what it needs of the program along.
+  [[nodiscard]] static std::function<SupportFacts()> gatherer(bool withPreferences);
 };
 
 [[nodiscard]] Mail problemReportMail(const SupportFacts &facts, const QString &message,

@@ -1,13 +1,15 @@
 #include "FailureExplanation.h"
 
-#include <QSysInfo>
-
 #include "Alerts.h"
 #include "File.h"
 #include "Ostrak.h"
+#include "Patience.h"
 #include "ProblemReport.h"
+#include "Text.h"
 #include "UrlOpener.h"
 #include "VKHostInformation.h"
+
+using namespace Qt::StringLiterals;
 
 namespace decant {
 
@@ -15,18 +17,26 @@ namespace {
 
 void openProblemReport(const FailedRun &run, UrlOpener &urlOpener) {
   ProblemReportFacts facts;
+  QString preferences;
   facts.commandLine = run.arguments.join(u' ');
   facts.jobOutput = run.jobOutput;
   facts.recordDescription = run.recordDescription;
-  facts.machineType = ostrak::VKHostInformation::machineType();
-  facts.systemVersion = QSysInfo::prettyProductName() + u' ' + QSysInfo::kernelVersion();
   if (const ostrak::Ostrak *tk = ostrak::tk) {
     facts.supportAddress = tk->infoValue(QStringLiteral("FeedbackEmail"));
     facts.appName = tk->appName();
     facts.appVersion = tk->appVersionString();
-    facts.preferences = ostrak::contents(tk->prefsPath()).value_or(QByteArray());
+    preferences = tk->prefsPath();
   }
-  urlOpener.open(problemReportLink(facts));
+  ostrak::patiently(
+      ostrak::localized(u"Preparing the Problem Report"_s),
+      [facts, preferences] {
+        ProblemReportFacts all = facts;
+        all.machineType = ostrak::VKHostInformation::machineType();
+        all.systemVersion = ostrak::VKHostInformation::systemVersion();
+        all.preferences = ostrak::contents(preferences).value_or(QByteArray());
+        return problemReportLink(all);
+      },
+      [&urlOpener](const QUrl &link) { urlOpener.open(link); });
 }
 
 }  // namespace

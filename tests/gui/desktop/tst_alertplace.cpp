@@ -21,6 +21,8 @@ class TestAlertPlace final : public QObject {
 
   void minimisedWindowComesBack();
   void raisedOnceItIsShown();
+  void escapePresses_data();
+  void escapePresses();
 
  private:
   std::unique_ptr<ScratchProgram> m_program;
@@ -65,6 +67,25 @@ void TestAlertPlace::raisedOnceItIsShown() {
   alert(u"Title"_s, u"Message"_s);
   QCOMPARE(player.shown(), 1);
   QVERIFY(watch.onScreen);
+}
+
+void TestAlertPlace::escapePresses_data() {
+  QTest::addColumn<QStringList>("buttons");
+  QTest::addColumn<int>("code");
+  QTest::newRow("the only one") << QStringList{u"OK"_s} << firstButton;
+  QTest::newRow("the last one") << QStringList{u"Yes"_s, u"No"_s} << secondButton;
+  QTest::newRow("what cancels, at the end") << QStringList{u"Quit"_s, u"Cancel"_s} << secondButton;
+  QTest::newRow("what cancels, at the start") << QStringList{u"Cancel"_s, u"Off"_s} << firstButton;
+}
+
+void TestAlertPlace::escapePresses() {
+  QFETCH(const QStringList, buttons);
+  QFETCH(const int, code);
+  Alert question;
+  question.title = u"Title"_s;
+  question.buttons = buttons;
+  const AlertPlayer player([](AlertDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  QCOMPARE(presentAlert(question), code);
 }
 
 int main(int argc, char **argv) {

@@ -195,7 +195,7 @@ void TestRatingWindow::sendsFeedback() {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   QTest::keyClicks(QApplication::focusWidget(), u"Twice"_s);
   m_b->click("feedbackButton");
-  QCOMPARE(opened().size(), 1);
+  QTRY_COMPARE(opened().size(), 1);
   QCOMPARE(opened().first().path(), u"support@decant.example"_s);
   const QString body = QUrlQuery(opened().first()).queryItemValue(u"body"_s, QUrl::FullyDecoded);
   QVERIFY2(body.startsWith(u"It broke & 100%\nTwice\n\n\n\nP.S: Hardware: "_s), qPrintable(body));

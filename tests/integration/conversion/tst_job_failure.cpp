@@ -97,7 +97,7 @@ class TestJobFailure final : public QObject {
     job.remove();
     bench.jobs.clear();
     QCOMPARE(bench.alertMessages().size(), 1);
-    QCOMPARE(bench.opener.opened.size(), 1);
+    QTRY_COMPARE(bench.opener.opened.size(), 1);
     const QUrl link = bench.opener.opened.first();
     QCOMPARE(link.scheme(), u"mailto"_s);
     const QString text = QUrl::fromPercentEncoding(link.toEncoded());

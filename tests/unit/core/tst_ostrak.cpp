@@ -3,11 +3,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QTest>
 #include <QUrlQuery>
+#include <thread>
+#include <utility>
 
 #include "Defaults.h"
 #include "ScratchProgram.h"
+#include "SupportMail.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -31,6 +35,7 @@ class TestOstrak final : public QObject {
   void missingKeysOpenNothing();
   void supportMail();
   void supportMailCarriesPreferencesOnDemand();
+  void factsAreGatheredByValue();
 
  private:
   [[nodiscard]] QList<QUrl> &opened() { return m_program->opener().opened; }
@@ -181,7 +186,7 @@ void TestOstrak::supportMail() {
   QVERIFY(QFile(m_program->path(u"crashes/decant.1.crash"_s)).open(QIODevice::WriteOnly));
   QCOMPARE(tk->appCrashLogs(), QStringList{u"decant.1.crash"_s});
   tk->openURL(Ostrak::openSupportRequestMail);
-  QCOMPARE(opened().size(), 1);
+  QTRY_COMPARE(opened().size(), 1);
   QCOMPARE(opened().first().scheme(), u"mailto"_s);
   QCOMPARE(opened().first().path(), u"support@decant.example"_s);
   const QUrlQuery query(opened().first());
@@ -198,13 +203,44 @@ void TestOstrak::supportMailCarriesPreferencesOnDemand() {
   setDefaultInt(u"key"_s, 12345);
   m_program->keyboard().alt = true;
   tk->sendSupportRequestMail(u"Help"_s);
+  // It is the key at the time of the call that counts.
+  m_program->keyboard().alt = false;
+  QTRY_COMPARE(opened().size(), 1);
   QCOMPARE(opened().first().path(), u"other@decant.example"_s);
   const QString body = QUrlQuery(opened().first()).queryItemValue(u"body"_s, QUrl::FullyDecoded);
   QVERIFY(QByteArray::fromBase64(body.section(u'\n', -1).toLatin1()).contains("key=12345"));
   m_program->setInfo(u"FeedbackEmail"_s, QJsonValue::Null);
   m_program->restart();
   tk->sendSupportRequestMail(u"Help"_s);
+  QTRY_COMPARE(opened().size(), 2);
   QCOMPARE(opened().last().path(), u"support@decant.example"_s);
+}
+
+// A worker that reads a slow disk may still be at it when the program has gone.
+void TestOstrak::factsAreGatheredByValue() {
+  QVERIFY(QFile(m_program->path(u"crashes/decant.1.crash"_s)).open(QIODevice::WriteOnly));
+  setDefaultInt(u"key"_s, 12345);
+  const auto gather = SupportFacts::gatherer(true);
+  const auto without = SupportFacts::gatherer(false);
+  QFile file(tk->prefsPath());
+  QVERIFY(file.open(QIODevice::ReadOnly));
+  const QByteArray flushed = file.readAll();
+  QVERIFY(flushed.contains("key=12345"));
+  const Ostrak *library = std::exchange(tk, nullptr);
+  const auto back = qScopeGuard([&] { tk = &m_program->library(); });
+  SupportFacts facts;
+  SupportFacts fewer;
+  std::thread([&] {
+    facts = gather();
+    fewer = without();
+  }).join();
+  QCOMPARE(library, &m_program->library());
+  QCOMPARE(facts.appName, u"Decant"_s);
+  QCOMPARE(facts.appVersion, u"1.2.3"_s);
+  QCOMPARE(facts.appBuild, 45);
+  QCOMPARE(facts.crashLogs, 1);
+  QCOMPARE(facts.preferences, flushed);
+  QVERIFY(fewer.preferences.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestOstrak)

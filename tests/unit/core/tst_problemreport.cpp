@@ -136,7 +136,8 @@ void TestProblemReport::postedReportWaitsForTheHandler() {
   QVERIFY(presented().isEmpty());
   QTRY_COMPARE_WITH_TIMEOUT(presented().size(), 1, 20000);
   QCOMPARE(presented().first().title, u"Error"_s);
-  QVERIFY(openedBody().contains(u"(It broke)"_s));
+  QTRY_VERIFY(openedBody().contains(u"(It broke)"_s));
+  QVERIFY(openedBody().contains(u"Details: d\n"_s));
 }
 
 QTEST_GUILESS_MAIN(TestProblemReport)
