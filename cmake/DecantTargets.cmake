@@ -41,6 +41,19 @@ function(decant_library name)
   target_link_libraries(${name} PUBLIC decant_strict ${ARG_LINK})
 endfunction()
 
+# decant_on_demand(NAME [LINK target…]) makes a library of the sources in the current folder that the
+# program loads when it is first wanted: lib/libNAME.so in the bundle. It sees the interfaces of the
+# desktop room and links nothing of it.
+function(decant_on_demand name)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(${name} MODULE ${sources})
+  set_target_properties(${name} PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bundle/lib
+    CXX_VISIBILITY_PRESET hidden)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/Ostrak/Desktop)
+  target_link_libraries(${name} PRIVATE decant_strict ${ARG_LINK})
+endfunction()
+
 # decant_tests(LABEL unit|integration|gui [TIMEOUT seconds] [LINK target…]) makes one test of every
 # tst_*.cpp in the current folder; the folder's name is a label, too. A test's own helpers are the other sources of that folder.
 function(decant_tests)

@@ -19,6 +19,8 @@ ARROWS = {
     "Ostrak/Platform/Real": ["Ostrak/Ostrak", "Ostrak/Platform"],
     "Ostrak/Network": ["Ostrak/Ostrak", "Ostrak/Platform"],
     "Ostrak/Desktop": ["Ostrak/Ostrak", "Ostrak/Platform"],
+    "Ostrak/Fetch": ["Ostrak/Desktop", "Ostrak/Network", "Ostrak/Ostrak", "Ostrak/Platform"],
+    "Ostrak/Web": ["Ostrak/Desktop"],
     "app/probe": ["Ostrak/Ostrak", "Ostrak/Platform"],
     "app/conversion": ["app/probe", "Ostrak/Ostrak", "Ostrak/Platform"],
     "app/controller": ["app/conversion", "app/probe", "Ostrak/Ostrak", "Ostrak/Platform"],

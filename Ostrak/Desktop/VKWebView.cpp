@@ -1,0 +1,201 @@
+#include "VKWebView.h"
+
+#include <QStackedLayout>
+#include <QVariant>
+#include <utility>
+
+#include "Logging.h"
+#include "OnDemand.h"
+#include "Ostrak.h"
+#include "PageBrowser.h"
+#include "Url.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ostrak {
+
+namespace {
+
+// The page is read in the text view when the engine takes longer than this to show it.
+constexpr std::chrono::milliseconds localPatience{1500};
+// An online copy that takes longer than this is not worth what it takes.
+constexpr std::chrono::seconds remotePatience{60};
+
+// Each reason once: there is a view on every tab.
+void logOnce(const QString &why) {
+  static QStringList told;
+  if (told.contains(why)) return;
+  told.append(why);
+  tk_log_level(4, u"Warning: pages are shown in a text view because the web engine %@"_s, why);
+}
+
+struct FoundEngine {
+  WebEngine *engine = nullptr;
+  QString problem;
+};
+
+FoundEngine findEngine() {
+  const OnDemandLibrary library = loadOnDemand(u"OstrakWeb"_s);
+  auto *engine = qobject_cast<WebEngine *>(library.object);
+  if (!engine) {
+    const QString why = u"cannot be loaded: "_s + library.problem;
+    return {nullptr, why};
+  }
+  const QString problem = engine->problem();
+  return {problem.isNull() ? engine : nullptr, problem};
+}
+
+}  // namespace
+
+VKWebView::VKWebView(QWidget *parent) : QFrame(parent), m_layout(new QStackedLayout(this)) {
+  setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  setBackgroundRole(QPalette::Base);
+  setAutoFillBackground(true);
+  m_localPatience.setSingleShot(true);
+  m_localPatience.setInterval(localPatience);
+  connect(&m_localPatience, &QTimer::timeout, this, &VKWebView::showText);
+  m_remotePatience.setSingleShot(true);
+  m_remotePatience.setInterval(remotePatience);
+  connect(&m_remotePatience, &QTimer::timeout, this, [this] { m_comingRemote.reset(); });
+}
+
+VKWebView::~VKWebView() = default;
+
+QVariant VKWebView::zoomVariant() const {
+  return m_zoomFactor ? QVariant(*m_zoomFactor) : QVariant();
+}
+
+void VKWebView::setZoomVariant(const QVariant &factor) {
+  bool isNumber = false;
+  const double number = factor.toDouble(&isNumber);
+  m_zoomFactor = isNumber ? std::optional(number) : std::nullopt;
+}
+
+void VKWebView::paintEvent(QPaintEvent *event) {
+  QFrame::paintEvent(event);
+  // Not now: loading makes widgets, and that is no work for the middle of a paint.
+  if (!std::exchange(m_loaded, true))
+    QMetaObject::invokeMethod(this, &VKWebView::load, Qt::QueuedConnection);
+}
+
+void VKWebView::load() {
+  m_scrolls = !m_disableScrolling && !changesZoom(m_zoomFactor);
+  m_local = resourceURL(m_localHTMLName);
+  m_remote = URL(m_remoteHTMLURL);
+  if (!m_localHTMLName.isEmpty() && m_local.isEmpty())
+    tk_log_level(3, u"Error: the document %@ cannot be read"_s, m_localHTMLName);
+  const FoundEngine found = findEngine();
+  m_engine = found.engine;
+  if (!m_engine) {
+    giveUpEngine(found.problem);
+    m_text->replaceByOnlineCopy(m_remoteHTMLURL);
+    return;
+  }
+  loadLocal();
+  QMetaObject::invokeMethod(this, &VKWebView::loadRemote, Qt::QueuedConnection);
+}
+
+void VKWebView::loadLocal() {
+  if (!m_engine || m_local.isEmpty()) return;
+  m_comingLocal =
+      m_engine->makePage({tk->resDir(), m_scrolls, palette().color(QPalette::Base)}, *this);
+  m_comingLocal->load(m_local);
+  m_localPatience.start();
+}
+
+void VKWebView::loadRemote() {
+  if (!m_engine || m_remote.isEmpty()) return;
+  m_comingRemote = m_engine->makePage({{}, m_scrolls, Qt::white}, *this);
+  m_comingRemote->load(m_remote);
+  m_remotePatience.start();
+}
+
+StepTarget VKWebView::stepTarget(const WebPage &page, const PageStep &step) {
+  PageStep asked = step;
+  asked.isArrivingRedirect = step.isArrivingRedirect && &page == m_comingRemote.get();
+  const StepTarget target = targetOf(asked, m_local, m_remote);
+  if (target == StepTarget::Browser) open(step.address);
+  if (target != StepTarget::View || &page != m_shown.get()) return target;
+  // What is shown stays until the next page is there.
+  if (step.isClick) {
+    const auto next =
+        isSamePage(step.address, m_local) ? &VKWebView::loadLocal : &VKWebView::loadRemote;
+    QMetaObject::invokeMethod(this, next, Qt::QueuedConnection);
+  }
+  return StepTarget::Nowhere;
+}
+
+void VKWebView::pageArrived(WebPage &page, bool isEmpty) {
+  if (&page == m_comingLocal.get()) {
+    m_localPatience.stop();
+    m_shownIsLocal = true;
+    showPage(std::move(m_comingLocal));
+  } else if (&page == m_comingRemote.get()) {
+    m_remotePatience.stop();
+    if (isEmpty) return m_comingRemote.reset();
+    m_localPatience.stop();
+    m_comingLocal.reset();
+    m_shownIsLocal = false;
+    showPage(std::move(m_comingRemote));
+  }
+}
+
+void VKWebView::showPage(std::unique_ptr<WebPage> page) {
+  if (changesZoom(m_zoomFactor)) page->run(zoomScript(*std::exchange(m_zoomFactor, {})));
+  m_layout->addWidget(&page->widget());
+  m_layout->setCurrentWidget(&page->widget());
+  setFocusProxy(&page->widget());
+  m_shown = std::move(page);
+  delete std::exchange(m_text, nullptr);
+  Q_EMIT pageShown();
+}
+
+void VKWebView::pageFailed(WebPage &page, const QUrl &address, int error) {
+  if (&page == m_comingLocal.get()) {
+    giveUpEngine(u"does not open them"_s);
+  } else if (&page == m_comingRemote.get()) {
+    m_remotePatience.stop();
+    m_comingRemote.reset();
+    const bool isLocalThere = m_comingLocal || (m_shown && m_shownIsLocal);
+    if (isNotConnected(error) && isSamePage(address, m_remote) && !isLocalThere) loadLocal();
+  }
+}
+
+void VKWebView::pageDied(WebPage &page) {
+  if (&page == m_comingRemote.get())
+    m_comingRemote.reset();
+  else
+    giveUpEngine(u"has ended"_s);
+}
+
+void VKWebView::giveUpEngine(const QString &why) {
+  logOnce(why);
+  m_engine = nullptr;
+  m_localPatience.stop();
+  m_remotePatience.stop();
+  m_comingLocal.reset();
+  m_comingRemote.reset();
+  m_shown.reset();
+  showText();
+  m_zoomFactor.reset();
+}
+
+void VKWebView::showText() {
+  if (m_text) return;
+  m_text = new PageBrowser(this);
+  m_text->setFrameStyle(QFrame::NoFrame);
+  m_text->setAccessibleName(accessibleName());
+  m_text->setScrolling(m_scrolls);
+  if (changesZoom(m_zoomFactor)) {
+    QFont font = m_text->font();
+    font.setPointSizeF(font.pointSizeF() * *m_zoomFactor);
+    m_text->setFont(font);
+  }
+  if (!m_local.isEmpty()) (void)m_text->showHtmlFile(m_local.toLocalFile());
+  m_layout->addWidget(m_text);
+  m_layout->setCurrentWidget(m_text);
+  setFocusProxy(m_text);
+  Q_EMIT pageShown();
+}
+
+}  // namespace ostrak

@@ -1,0 +1,194 @@
+#include "LivePage.h"
+#include "PageBrowser.h"
+#include "WebTestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace ostrak;
+
+// The web view with the real engine, and the online copy on a server of the test.
+class TestWebView final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    failOnEngineWarning();
+    m_b = std::make_unique<PageBench>();
+    m_b->putLibrary(u"OstrakWeb"_s);
+    m_b->server.put(u"/new.html"_s, "<title>online</title><h1>Online page</h1>");
+  }
+  void cleanup() { m_b.reset(); }
+  void showsLocalThenOnline();
+  void followsRedirects();
+  void refusesRedirectToFile();
+  void keepsLocalWhenOnlineFails_data();
+  void keepsLocalWhenOnlineFails();
+  void keepsLocalWithoutConnection_data();
+  void keepsLocalWithoutConnection();
+  void showsHugeOnlinePage();
+  void zoomsOnce_data();
+  void zoomsOnce();
+  void scrolls_data();
+  void scrolls();
+  void loadsOncePerView();
+
+ private:
+  [[nodiscard]] PageServer &server() const { return m_b->server; }
+
+  std::unique_ptr<PageBench> m_b;
+};
+
+void TestWebView::showsLocalThenOnline() {
+  LivePage page(*m_b);
+  server().hold(u"/new.html"_s);
+  QVERIFY(page.show(u"/new.html"_s));
+  QVERIFY(page.hasTitle(u"local"_s));
+  QTRY_VERIFY_WITH_TIMEOUT(server().asked.contains(u"/new.html"_s), LivePage::patience);
+  QCOMPARE(page.ask(u"document.title"_s), u"local"_s);
+  server().release();
+  QVERIFY(page.hasTitle(u"online"_s));
+  QCOMPARE(m_b->told(), QStringList());
+}
+
+void TestWebView::followsRedirects() {
+  LivePage page(*m_b);
+  server().redirect(u"/old.html"_s, u"/older.html"_s);
+  server().redirect(u"/older.html"_s, server().address(u"/new.html"_s));
+  QVERIFY(page.show(u"/old.html"_s));
+  QVERIFY(page.hasTitle(u"online"_s));
+}
+
+void TestWebView::refusesRedirectToFile() {
+  LivePage page(*m_b);
+  m_b->putPage(u"other.html"_s, "<title>other</title>text");
+  server().redirect(u"/old.html"_s,
+                    QUrl::fromLocalFile(m_b->program.library().resDir() + u"/other.html"_s)
+                        .toString(QUrl::FullyEncoded));
+  QVERIFY(page.show(u"/old.html"_s));
+  QTRY_VERIFY_WITH_TIMEOUT(!server().asked.isEmpty(), LivePage::patience);
+  QTRY_VERIFY_WITH_TIMEOUT(!page->isLoadingOnlineCopy(), LivePage::patience);
+  QVERIFY(page.hasTitle(u"local"_s));
+}
+
+void TestWebView::keepsLocalWhenOnlineFails_data() {
+  QTest::addColumn<QString>("path");
+  QTest::newRow("not found") << u"/none.html"_s;
+  QTest::newRow("a broken server") << u"/broken.html"_s;
+  QTest::newRow("no answer") << u"/dropped.html"_s;
+  QTest::newRow("nothing in it") << u"/empty.html"_s;
+  QTest::newRow("an empty page") << u"/blank.html"_s;
+  QTest::newRow("a download") << u"/archive.zip"_s;
+  QTest::newRow("sent on for ever") << u"/round.html"_s;
+}
+
+void TestWebView::keepsLocalWhenOnlineFails() {
+  QFETCH(QString, path);
+  LivePage page(*m_b);
+  server().put(u"/broken.html"_s, "<title>broken</title>sorry", "text/html",
+               "500 Internal Server Error");
+  server().drop(u"/dropped.html"_s);
+  server().put(u"/empty.html"_s, {});
+  server().put(u"/blank.html"_s, "<html><head><title>blank</title></head><body> </body></html>");
+  server().put(u"/archive.zip"_s, "PK", "application/zip");
+  server().redirect(u"/round.html"_s, u"/round.html"_s);
+  QVERIFY(page.show(path));
+  QTRY_VERIFY_WITH_TIMEOUT(server().asked.contains(path), LivePage::patience);
+  QTRY_VERIFY_WITH_TIMEOUT(!page->isLoadingOnlineCopy(), LivePage::patience);
+  QVERIFY(page.hasTitle(u"local"_s));
+  QVERIFY(!page->textView());
+}
+
+void TestWebView::keepsLocalWithoutConnection_data() {
+  QTest::addColumn<QString>("address");
+  QTest::newRow("an unknown host") << u"http://nowhere.invalid/new.html"_s;
+  QTest::newRow("a closed port") << u"closed"_s;
+}
+
+void TestWebView::keepsLocalWithoutConnection() {
+  QFETCH(QString, address);
+  const QString closed = server().address(u"/new.html"_s);
+  server().close();
+  LivePage page(*m_b);
+  page->setRemoteHTMLURL(address == "closed"_L1 ? closed : address);
+  QVERIFY(page.show());
+  QVERIFY(page.hasTitle(u"local"_s));
+  QTRY_VERIFY_WITH_TIMEOUT(!page->isLoadingOnlineCopy(), LivePage::patience);
+  QVERIFY(page.hasTitle(u"local"_s));
+  QVERIFY(!page->textView());
+}
+
+void TestWebView::showsHugeOnlinePage() {
+  LivePage page(*m_b);
+  QByteArray body = "<title>huge</title>";
+  while (body.size() < 3 * 1024 * 1024)
+    body += "<p>A line of a page that does not want to end.</p>\n";
+  server().put(u"/huge.html"_s, body);
+  QVERIFY(page.show(u"/huge.html"_s));
+  QVERIFY(page.hasTitle(u"huge"_s));
+}
+
+void TestWebView::zoomsOnce_data() {
+  QTest::addColumn<double>("factor");
+  QTest::addColumn<QString>("zoom");
+  QTest::addColumn<bool>("isForgotten");
+  QTest::newRow("smaller") << 0.9 << u"0.9"_s << true;
+  QTest::newRow("larger") << 1.25 << u"1.25"_s << true;
+  QTest::newRow("too little to matter") << 1.00005 << u""_s << false;
+}
+
+void TestWebView::zoomsOnce() {
+  QFETCH(double, factor);
+  LivePage page(*m_b);
+  page->setProperty("zoomFactor", factor);
+  server().hold(u"/new.html"_s);
+  QVERIFY(page.show(u"/new.html"_s));
+  QVERIFY(page.hasTitle(u"local"_s));
+  QTEST(page.ask(u"document.documentElement.style.zoom"_s), "zoom");
+  QTEST(!page->zoomFactor().has_value(), "isForgotten");
+  server().release();
+  QVERIFY(page.hasTitle(u"online"_s));
+  QCOMPARE(page.ask(u"document.documentElement.style.zoom"_s), u""_s);
+}
+
+void TestWebView::scrolls_data() {
+  QTest::addColumn<QVariant>("factor");
+  QTest::addColumn<bool>("disabled");
+  QTest::addColumn<QString>("overflow");
+  QTest::newRow("usually") << QVariant() << false << u""_s;
+  QTest::newRow("not when disabled") << QVariant() << true << u"hidden"_s;
+  QTest::newRow("not when zoomed") << QVariant(0.9) << false << u"hidden"_s;
+  QTest::newRow("with a factor of one") << QVariant(1.0) << false << u""_s;
+  QTest::newRow("with hardly a zoom") << QVariant(1.00005) << false << u""_s;
+  QTest::newRow("disabled with hardly a zoom") << QVariant(1.00005) << true << u"hidden"_s;
+}
+
+void TestWebView::scrolls() {
+  QFETCH(QVariant, factor);
+  QFETCH(bool, disabled);
+  LivePage page(*m_b);
+  page->setProperty("zoomFactor", factor);
+  page->setDisableScrolling(disabled);
+  QVERIFY(page.show());
+  QVERIFY(page.hasTitle(u"local"_s));
+  QTEST(page.ask(u"document.documentElement.style.overflow"_s), "overflow");
+}
+
+void TestWebView::loadsOncePerView() {
+  LivePage page(*m_b);
+  QVERIFY(page.show(u"/new.html"_s));
+  QVERIFY(page.hasTitle(u"online"_s));
+  const WebPage *shown = page->shownPage();
+  page.window().window.hide();
+  QVERIFY(page.window().show());
+  page->repaint();
+  // A second view on the same pages; when its copy is there, one of the first would be, too.
+  LivePage second(*m_b);
+  QVERIFY(second.show(u"/new.html"_s));
+  QVERIFY(second.hasTitle(u"online"_s));
+  QCOMPARE(page->shownPage(), shown);
+  QCOMPARE(server().asked.count(u"/new.html"_s), 2);
+}
+
+int main(int argc, char **argv) {
+  return runWebTest<TestWebView>(argc, argv);
+}
+#include "tst_webview.moc"
