@@ -8,6 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "Defaults.h"
 #include "Format.h"
 #include "Logging.h"
 #include "Ostrak.h"
@@ -133,6 +134,35 @@ bool isAllowed(const Setting &setting, double number) {
          number <= static_cast<double>(setting.maximum);
 }
 
+// The index of "DefaultDestination" counts two entries, a separator, and then the stored folders.
+constexpr qint64 separatorOfDestinations = 2;
+
+bool isDestination(const Setting &setting) {
+  return keyOf(setting) == "DefaultDestination"_L1;
+}
+
+qint64 lastDestination() {
+  const qint64 folders = ostrak::defaultArray(u"DestinationBookmarks"_s).size();
+  return folders == 0 ? separatorOfDestinations - 1 : separatorOfDestinations + folders;
+}
+
+QString allowedDestinations() {
+  const qint64 first = separatorOfDestinations + 1;
+  const qint64 last = lastDestination();
+  if (last < first) return makeString(localized(u"%lli or %lli"_s), qint64{0}, last);
+  if (last == first)
+    return makeString(localized(u"%lli, %lli or %lli"_s), qint64{0}, qint64{1}, last);
+  return makeString(localized(u"%lli, %lli or %lli to %lli"_s), qint64{0}, qint64{1}, first, last);
+}
+
+// Stored folders may have gone, which has a rule of its own; a new choice is one that there is.
+bool isTakenNow(const Setting &setting, double number) {
+  if (!isAllowed(setting, number)) return false;
+  if (!isDestination(setting)) return true;
+  return number != static_cast<double>(separatorOfDestinations) &&
+         number <= static_cast<double>(lastDestination());
+}
+
 // A list, which has no text, as it stands in the file.
 QString shown(const QVariant &stored) {
   const QString text = stored.toString();
@@ -197,6 +227,7 @@ const Setting *findSetting(const QString &key) {
 QString allowedValues(const Setting &setting) {
   if (setting.kind == SettingKind::Boolean) return localized(u"0 or 1"_s);
   if (setting.kind == SettingKind::List) return localized(u"nothing that can be set as text"_s);
+  if (isDestination(setting)) return allowedDestinations();
   if (setting.maximum == noLimit)
     return makeString(localized(u"a whole number from %lli"_s), setting.minimum);
   if (setting.kind == SettingKind::Number)
@@ -213,7 +244,7 @@ QString refusalOfValue(const Setting &setting, const QString &text) {
   bool isWhole = false;
   text.toLongLong(&isWhole);
   const std::optional<double> number = numberOfText(text);
-  if (number && (isWhole || setting.kind == SettingKind::Number) && isAllowed(setting, *number))
+  if (number && (isWhole || setting.kind == SettingKind::Number) && isTakenNow(setting, *number))
     return {};
   return makeString(localized(u"\"%@\" is not a value of \"%@\" (allowed: %@)"_s), text,
                     QString::fromLatin1(setting.key), allowedValues(setting));

@@ -35,7 +35,8 @@ struct Setting {
 [[nodiscard]] std::span<const Setting> settingsTable();
 // Null when there is no setting of that name.
 [[nodiscard]] const Setting *findSetting(const QString &key);
-// What a setting takes, in words: "0 or 1", "0 to 3", "0 or 2 to 8".
+// What a setting takes, in words: "0 or 1", "0 to 3", "0 or 2 to 8". A destination depends on the
+// folders in the store of `tk`.
 [[nodiscard]] QString allowedValues(const Setting &setting);
 
 // What can be said against a text as the value of a setting; null when it is fine.

@@ -62,6 +62,9 @@ void TestCliUsage::wrongUsage_data() {
   row("unknown key", {u"convert"_s, u"--set"_s, u"Bogus=1"_s, u"a.mkv"_s}, "'Bogus'");
   row("bitrate 9", {u"convert"_s, u"--set"_s, u"AACBitrate=9"_s, u"a.mkv"_s}, "0 to 3");
   row("language 1", {u"convert"_s, u"--set"_s, u"DefaultAudio=1"_s, u"a.mkv"_s}, "0 or 2 to 8");
+  row("a destination that is not there",
+      {u"convert"_s, u"--set"_s, u"DefaultDestination=99"_s, u"a.mkv"_s}, "0 or 1");
+  row("the separator", {u"settings"_s, u"set"_s, u"DefaultDestination"_s, u"2"_s}, "0 or 1");
   row("a list", {u"convert"_s, u"--set"_s, u"DestinationNames=x"_s, u"a.mkv"_s},
       "'DestinationNames'");
   row("subtitle for two", {u"convert"_s, u"--subtitle"_s, u"a.srt"_s, u"a.mkv"_s, u"b.mkv"_s},

@@ -75,6 +75,7 @@ class TestSettings final : public QObject {
   void registrationKeepsWhatIsStored();
   void text_data();
   void text();
+  void destinationsAreAsManyAsFolders();
   void textBecomesAValue();
   void outOfRangeReadsAsDefaultAndIsToldOnce();
   void valuesWithARuleOfTheirOwnAreReadAsTheyAre();
@@ -164,7 +165,8 @@ void TestSettings::text_data() {
       u"0 or 2 to 8"_s);
   row("AudioVolume", {u"0"_s, u"1000"_s, u"99.5"_s, u"1e2"_s},
       {u""_s, u"x"_s, u"-1"_s, u"1000.5"_s, u"nan"_s, u"inf"_s}, u"a number from 0 to 1000"_s);
-  row("DefaultDestination", {u"0"_s, u"70"_s}, noNumbers, u"a whole number from 0"_s);
+  row("DefaultDestination", {u"0"_s, u"1"_s}, noNumbers + QStringList{u"2"_s, u"3"_s, u"70"_s},
+      u"0 or 1"_s);
   row("Conversions", {u"0"_s, u"70"_s}, noNumbers, u"a whole number from 0"_s);
   for (const char *key : {"DestinationBookmarks", "DestinationNames"})
     row(key, {}, {u""_s, u"0"_s, u"x"_s}, u"nothing that can be set as text"_s);
@@ -185,6 +187,24 @@ void TestSettings::text() {
     QVERIFY2(refusal.contains(key) && refusal.contains(allowed),
              qPrintable(text + u": "_s + refusal));
   }
+}
+
+void TestSettings::destinationsAreAsManyAsFolders() {
+  const Setting &setting = *findSetting(u"DefaultDestination"_s);
+  const auto taken = [&setting] {
+    QStringList texts;
+    for (int i = 0; i < 10; ++i) {
+      const QString text = QString::number(i);
+      if (refusalOfValue(setting, text).isNull()) texts.append(text);
+    }
+    return texts;
+  };
+  ostrak::setDefaultArray(u"DestinationBookmarks"_s, {QByteArray("a")});
+  QCOMPARE(taken(), (QStringList{u"0"_s, u"1"_s, u"3"_s}));
+  QCOMPARE(allowedValues(setting), u"0, 1 or 3"_s);
+  ostrak::setDefaultArray(u"DestinationBookmarks"_s, {QByteArray("a"), QByteArray("b")});
+  QCOMPARE(taken(), (QStringList{u"0"_s, u"1"_s, u"3"_s, u"4"_s}));
+  QCOMPARE(allowedValues(setting), u"0, 1 or 3 to 4"_s);
 }
 
 void TestSettings::textBecomesAValue() {
