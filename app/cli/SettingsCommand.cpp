@@ -1,6 +1,7 @@
 #include "SettingsCommand.h"
 
 #include <QJsonArray>
+#include <QLocale>
 #include <algorithm>
 
 #include "Defaults.h"
@@ -43,7 +44,7 @@ QJsonValue jsonValue(const Setting &setting) {
     case SettingKind::List:
       return QJsonArray::fromStringList(textsOfList(setting));
     case SettingKind::Number:
-      return static_cast<double>(settingFloat(setting.key));
+      return settingDouble(setting.key);
     default:
       return settingInt(setting.key);
   }
@@ -54,7 +55,7 @@ QString bareValue(const Setting &setting) {
     case SettingKind::List:
       return textsOfList(setting).join(u'\n');
     case SettingKind::Number:
-      return QString::number(static_cast<double>(settingFloat(setting.key)));
+      return QString::number(settingDouble(setting.key), 'g', QLocale::FloatingPointShortest);
     default:
       return QString::number(settingInt(setting.key));
   }

@@ -276,6 +276,9 @@ bool settingBool(const char *key) {
 float settingFloat(const char *key) {
   return static_cast<float>(readNumber(key));
 }
+double settingDouble(const char *key) {
+  return readNumber(key);
+}
 
 QStringList storedValueComplaints() {
   QStringList complaints;

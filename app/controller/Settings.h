@@ -52,6 +52,7 @@ void registerSettings();
 [[nodiscard]] qint64 settingInt(const char *key);
 [[nodiscard]] bool settingBool(const char *key);
 [[nodiscard]] float settingFloat(const char *key);
+[[nodiscard]] double settingDouble(const char *key);
 
 // One sentence for each stored value that is out of range and so is not used.
 [[nodiscard]] QStringList storedValueComplaints();

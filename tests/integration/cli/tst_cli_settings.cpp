@@ -11,6 +11,8 @@ class TestCliSettings final : public QObject {
   void listHasEverySettingAndNothingElse();
   void listForPeople();
   void setGetReset();
+  void volumeIsPrintedAsItWasSet_data();
+  void volumeIsPrintedAsItWasSet();
   void refusals_data();
   void refusals();
   void aChosenDestinationSurvivesTheNextLaunch();
@@ -74,6 +76,30 @@ void TestCliSettings::setGetReset() {
   QCOMPARE(get(u"AACBitrate"_s), QByteArray("1\n"));
   QCOMPARE(get(u"HEAACConvert"_s), QByteArray("0\n"));
   QCOMPARE(get(u"AudioVolume"_s), QByteArray("99.5\n"));
+}
+
+void TestCliSettings::volumeIsPrintedAsItWasSet_data() {
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<QByteArray>("printed");
+  const auto row = [](const char *text, const char *printed) {
+    QTest::newRow(text) << QString::fromLatin1(text) << QByteArray(printed);
+  };
+  row("33.1", "33.1");
+  row("99.99999", "99.99999");
+  row("1000", "1000");
+  row("1e2", "100");
+  row("0.1", "0.1");
+}
+
+void TestCliSettings::volumeIsPrintedAsItWasSet() {
+  QFETCH(const QString, text);
+  QFETCH(const QByteArray, printed);
+  const DecantProgram program;
+  QCOMPARE(program.run({u"settings"_s, u"set"_s, u"AudioVolume"_s, text}).status, 0);
+  QCOMPARE(program.run({u"settings"_s, u"get"_s, u"AudioVolume"_s}).output, printed + '\n');
+  const QByteArray list = program.run({u"settings"_s, u"list"_s, u"--json"_s}).output;
+  const QByteArray entry = "\"AudioVolume\":" + printed + ',';
+  QVERIFY2(list.contains(entry), list.constData());
 }
 
 void TestCliSettings::refusals_data() {
