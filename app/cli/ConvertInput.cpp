@@ -4,6 +4,7 @@
 
 #include "FolderWalk.h"
 #include "GivenFile.h"
+#include "Logging.h"
 #include "Ostrak.h"
 #include "Printable.h"
 #include "SortedFiles.h"
@@ -23,13 +24,18 @@ Kind kindOf(const QString &path) {
   return subtitleFileTypes().contains(extension) ? Kind::Subtitle : Kind::Other;
 }
 
+// Also one that can't be read, which is told in other words first.
+bool isPictures(const QString &path) {
+  return lowerExtension(path) == "sub"_L1 && sortFiles({path}).subtitles.isEmpty();
+}
+
 // Why a subtitle file can't be taken; null when it can.
 QString whyNoSubtitle(const QString &path) {
   const QString unreadable = whyNotReadable(path);
   if (!unreadable.isNull()) return unreadable;
   if (kindOf(path) == Kind::Movie)
     return worded(u"'%@' is a movie and no subtitle file."_s, printable(path));
-  if (lowerExtension(path) == "sub"_L1 && sortFiles({path}).subtitles.isEmpty())
+  if (isPictures(path))
     return worded(u"The subtitles in '%@' are pictures; only text can be taken."_s,
                   printable(path));
   return {};
@@ -78,8 +84,17 @@ class Sorter final {
     }
     m_folders.append(u'\'' + printable(file.path) + u'\'');
     const QList<GivenFile> below = filesBelow(name, m_workingFolder);
-    for (const GivenFile &each : below)
-      add(each);
+    for (const GivenFile &each : below) {
+      if (!isLeftOut(each)) add(each);
+    }
+  }
+
+  // Nobody asked for what merely lies beside the movies.
+  static bool isLeftOut(const GivenFile &found) {
+    if (found.refused() || !whyNotReadable(found.path).isNull() || !isPictures(found.path))
+      return false;
+    ostrak::tk_log_level(5, u"Info: the subtitles in %@ are pictures and left out"_s, found.path);
+    return true;
   }
 
   void add(const GivenFile &file) {

@@ -29,6 +29,7 @@ class TestCliFiles final : public QObject {
   void subtitlesHoweverTheyAreWritten();
   void missingSubtitles();
   void folders();
+  void picturesInAFolderAreLeftOut();
   void folderItself();
   void oddNames_data();
   void oddNames();
@@ -108,6 +109,22 @@ void TestCliFiles::folders() {
     expected.append(program.path(name));
   QCOMPARE(pathsIn(outcome.events(u"started"_s), "source"_L1), expected);
   QVERIFY(conversionOf(program, 3).contains(program.path(u"s/a/2.srt"_s)));
+}
+
+void TestCliFiles::picturesInAFolderAreLeftOut() {
+  const DecantProgram program;
+  program.file(u"s/a.mkv"_s);
+  const QString pictures = program.file(u"s/a.sub"_s, QByteArray::fromHex("000001ba00"));
+  const DecantOutcome walked = program.run({u"convert"_s, u"--json"_s, u"-r"_s, u"s"_s});
+  QCOMPARE(walked.status, 0);
+  QCOMPARE(walked.error, QByteArray());
+  QCOMPARE(walked.story().last(), u"summary 1 0"_s);
+  QVERIFY(!conversionOf(program).contains(pictures));
+  // One that is named is meant.
+  const DecantOutcome named =
+      program.run({u"convert"_s, u"--json"_s, u"-r"_s, u"s"_s, u"s/a.sub"_s});
+  QCOMPARE(named.status, 1);
+  QCOMPARE(named.story().last(), u"summary 1 1"_s);
 }
 
 void TestCliFiles::folderItself() {
