@@ -70,6 +70,11 @@ void UserDefaults::setOverride(const QString &key, const QVariant &value) {
   m_overrides.insert(key, normalized);
 }
 
+bool UserDefaults::isOverridden(const QString &key) const {
+  const QMutexLocker locker(&m_mutex);
+  return m_overrides.contains(key);
+}
+
 QVariant UserDefaults::value(const QString &key) const {
   const QMutexLocker locker(&m_mutex);
   if (const auto it = m_overrides.constFind(key); it != m_overrides.cend()) return *it;

@@ -55,6 +55,7 @@ class UserDefaults final {
   void registerDefaults(const QVariantMap &defaults);
   // Replaces the value of `key` for this process only.
   void setOverride(const QString &key, const QVariant &value);
+  [[nodiscard]] bool isOverridden(const QString &key) const;
 
   // The value from the first layer that has one; invalid when none has.
   [[nodiscard]] QVariant value(const QString &key) const;

@@ -88,6 +88,7 @@ int CommandLine::runConvert(const Invocation &invocation, TerminalPresenter &pre
   if (!problem.isNull()) return refuseUsage(Topic::Convert, problem);
   ConvertInput input = convertInput(invocation, m_services.workingFolder);
   if (!input.usageProblem.isNull()) return refuseUsage(Topic::Convert, input.usageProblem);
+  ConvertCommand::overrideSettings(invocation.changes);
   if (invocation.dryRun) tellAboutSettings();
   return ConvertCommand(m_services, presenter).run(invocation, std::move(input));
 }

@@ -45,18 +45,6 @@ QString progressFolder() {
   return ::access(QFile::encodeName(own).constData(), W_OK | X_OK) == 0 ? own : tk->tempDir();
 }
 
-// For this run alone: what was asked for, and what a terminal needs to be otherwise. A run queues
-// what it probes by itself, in the order of the command line, and ends when all is done.
-void overrideSettings(const QList<SettingChange> &changes) {
-  ostrak::UserDefaults &store = tk->userDefaults();
-  for (const SettingChange &change : changes)
-    store.setOverride(change.key, valueFromText(*findSetting(change.key), change.value));
-  store.setOverride(u"InsertJobsAtBottom"_s, 1);
-  store.setOverride(u"AutoAdd"_s, 0);
-  store.setOverride(u"AutoClean"_s, 0);
-  store.setOverride(u"QuitAfterConversion"_s, 0);
-}
-
 // Why nothing can be written into a folder that is to be made if it is missing; null when it is
 // there.
 QString whyNoFolder(const QString &folder) {
@@ -112,8 +100,19 @@ QString ConvertCommand::problemOf(const Invocation &invocation, const QByteArray
   return givenFile(*invocation.outputFolder, workingFolder).refusal;
 }
 
+// For this run alone: what was asked for, and what a terminal needs to be otherwise. A run queues
+// what it probes by itself, in the order of the command line, and ends when all is done.
+void ConvertCommand::overrideSettings(const QList<SettingChange> &changes) {
+  ostrak::UserDefaults &store = tk->userDefaults();
+  for (const SettingChange &change : changes)
+    store.setOverride(change.key, valueFromText(*findSetting(change.key), change.value));
+  store.setOverride(u"InsertJobsAtBottom"_s, 1);
+  store.setOverride(u"AutoAdd"_s, 0);
+  store.setOverride(u"AutoClean"_s, 0);
+  store.setOverride(u"QuitAfterConversion"_s, 0);
+}
+
 int ConvertCommand::run(const Invocation &invocation, ConvertInput input) {
-  overrideSettings(invocation.changes);
   if (!canMakeThreads()) {
     const ostrak::Alert why = processRefusedAlert({}).alert;
     refuseAll(input.files, {u"refused"_s, tk->appName(), why.message});

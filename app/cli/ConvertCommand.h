@@ -20,7 +20,9 @@ class ConvertCommand final {
   // What is wrong with the settings of --set and the name of -o; null when nothing is.
   [[nodiscard]] static QString problemOf(const Invocation &invocation,
                                          const QByteArray &workingFolder);
-  // `input` has something to do. Returns the exit status.
+  // Settings that this run has otherwise than they are stored; nothing is wrong with the changes.
+  static void overrideSettings(const QList<SettingChange> &changes);
+  // `input` has something to do and the settings are overridden. Returns the exit status.
   [[nodiscard]] int run(const Invocation &invocation, ConvertInput input);
 
  private:

@@ -283,7 +283,8 @@ double settingDouble(const char *key) {
 QStringList storedValueComplaints() {
   QStringList complaints;
   for (const Setting &setting : table) {
-    if (setting.kind == SettingKind::List) continue;
+    if (setting.kind == SettingKind::List || tk->userDefaults().isOverridden(keyOf(setting)))
+      continue;
     const QVariant stored = tk->userDefaults().storedValue(keyOf(setting));
     if (stored.isValid() && !isUsable(setting, numberOf(stored)))
       complaints.append(complaint(setting, stored));

@@ -54,7 +54,8 @@ void registerSettings();
 [[nodiscard]] float settingFloat(const char *key);
 [[nodiscard]] double settingDouble(const char *key);
 
-// One sentence for each stored value that is out of range and so is not used.
+// One sentence for each stored value that is out of range and so is read as its default; one that
+// this run overrides is not read at all.
 [[nodiscard]] QStringList storedValueComplaints();
 
 [[nodiscard]] ConversionSettings readConversionSettings();

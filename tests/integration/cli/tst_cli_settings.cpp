@@ -20,6 +20,7 @@ class TestCliSettings final : public QObject {
   void readingNeverWrites();
   void brokenFileIsKeptAsideOnce();
   void storedValueOutOfRangeIsToldOnce();
+  void storedValueThatTheRunOverridesIsNotTold();
   void storedValueThatIsNoTextIsShown();
   void folderInItsPlaceIsToldOnce_data();
   void folderInItsPlaceIsToldOnce();
@@ -227,6 +228,21 @@ void TestCliSettings::storedValueOutOfRangeIsToldOnce() {
   // The repair of a launch stays; what is only read as its default stays as it was.
   QVERIFY(program.settings().contains("CustomUnknownHandling=1"));
   QVERIFY(program.settings().contains("AACBitrate=9"));
+}
+
+void TestCliSettings::storedValueThatTheRunOverridesIsNotTold() {
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  {
+    QSettings file(program.settingsFile(), QSettings::IniFormat);
+    file.setValue(u"AACBitrate"_s, 9);
+  }
+  const QStringList overriding{u"--set"_s, u"AACBitrate=2"_s, u"a.mkv"_s};
+  for (const QStringList &run : {QStringList{u"convert"_s, u"--dry-run"_s}, {u"convert"_s}}) {
+    const DecantOutcome outcome = program.run(run + overriding);
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.error, QByteArray());
+  }
 }
 
 void TestCliSettings::storedValueThatIsNoTextIsShown() {
