@@ -84,10 +84,11 @@ int CommandLine::runCommand(const Invocation &invocation) {
 }
 
 int CommandLine::runConvert(const Invocation &invocation, TerminalPresenter &presenter) {
-  const QString problem = ConvertCommand::problemOf(invocation, m_services.workingFolder);
+  const QString problem = ConvertCommand::problemOf(invocation);
   if (!problem.isNull()) return refuseUsage(Topic::Convert, problem);
   ConvertInput input = convertInput(invocation, m_services.workingFolder);
   if (!input.usageProblem.isNull()) return refuseUsage(Topic::Convert, input.usageProblem);
+  if (!input.note.isNull()) writeErrorLine(m_services.error, input.note);
   ConvertCommand::overrideSettings(invocation.changes);
   if (invocation.dryRun) tellAboutSettings();
   return ConvertCommand(m_services, presenter).run(invocation, std::move(input));

@@ -91,13 +91,12 @@ int statusOf(const ConvertResult &result) {
 
 }  // namespace
 
-QString ConvertCommand::problemOf(const Invocation &invocation, const QByteArray &workingFolder) {
+QString ConvertCommand::problemOf(const Invocation &invocation) {
   for (const SettingChange &change : invocation.changes) {
     const QString problem = problemOfChange(change);
     if (!problem.isNull()) return problem;
   }
-  if (!invocation.outputFolder) return {};
-  return givenFile(*invocation.outputFolder, workingFolder).refusal;
+  return {};
 }
 
 // For this run alone: what was asked for, and what a terminal needs to be otherwise. A run queues
@@ -117,13 +116,19 @@ int ConvertCommand::run(const Invocation &invocation, ConvertInput input) {
     const ostrak::Alert why = processRefusedAlert({}).alert;
     refuseAll(input.files, {u"refused"_s, tk->appName(), why.message});
   }
+  if (invocation.outputFolder) {
+    const GivenFile folder = givenFile(*invocation.outputFolder, m_services.workingFolder);
+    if (folder.refused()) refuseAll(input.files, {u"notWritable"_s, tk->appName(), folder.refusal});
+  }
   return invocation.dryRun ? dryRun(invocation, std::move(input))
                            : convert(invocation, std::move(input));
 }
 
 int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
   const DestinationChoice destination = destinationOf(invocation);
-  if (destination.kind == DestinationChoice::Kind::Folder) {
+  const bool isAnyLeft = std::any_of(input.files.cbegin(), input.files.cend(),
+                                     [](const InputFile &file) { return !file.failure; });
+  if (destination.kind == DestinationChoice::Kind::Folder && isAnyLeft) {
     const QString why = whyNoFolder(destination.folder);
     if (!why.isNull()) refuseAll(input.files, {u"notWritable"_s, tk->appName(), why});
   }

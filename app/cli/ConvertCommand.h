@@ -17,9 +17,8 @@ class ConvertCommand final {
   ConvertCommand(CommandServices &services, TerminalPresenter &presenter)
       : m_services(services), m_presenter(presenter) {}
 
-  // What is wrong with the settings of --set and the name of -o; null when nothing is.
-  [[nodiscard]] static QString problemOf(const Invocation &invocation,
-                                         const QByteArray &workingFolder);
+  // What is wrong with the settings of --set; null when nothing is.
+  [[nodiscard]] static QString problemOf(const Invocation &invocation);
   // Settings that this run has otherwise than they are stored; nothing is wrong with the changes.
   static void overrideSettings(const QList<SettingChange> &changes);
   // `input` has something to do and the settings are overridden. Returns the exit status.

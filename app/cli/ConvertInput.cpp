@@ -1,5 +1,6 @@
 #include "ConvertInput.h"
 
+#include <QDir>
 #include <algorithm>
 
 #include "FolderWalk.h"
@@ -139,11 +140,23 @@ class Sorter final {
     const GivenFile file = givenFile(*m_invocation.subtitle, m_workingFolder);
     const QString why = file.refused() ? file.refusal : whyNoSubtitle(file.path);
     m_input.subtitle = file.path;
-    // Two subtitle files can't go into one movie: the one that was named is meant.
-    m_input.subtitles.clear();
+    leaveOutOthers(file.path);
     for (InputFile &movie : m_input.files) {
       if (!movie.failure && !why.isNull()) movie.failure = refusedFailure(why);
     }
+  }
+
+  // Two subtitle files can't go into one movie: the one that was named is meant.
+  void leaveOutOthers(const QString &named) {
+    QStringList others;
+    for (const QString &path : std::as_const(m_input.subtitles)) {
+      if (QDir::cleanPath(path) != QDir::cleanPath(named))
+        others.append(u'\'' + printable(path) + u'\'');
+    }
+    m_input.subtitles.clear();
+    if (!others.isEmpty())
+      m_input.note = worded(u"Left out, since --subtitle names the subtitles to take: %@"_s,
+                            others.join(u", "_s));
   }
 
   const Invocation &m_invocation;

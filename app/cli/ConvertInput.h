@@ -21,6 +21,7 @@ struct ConvertInput {
   QList<InputFile> files;  // in the order of the command line
   QStringList subtitles;   // subtitle files among the FILEs
   QString subtitle;        // the one that was named for the one movie; null when none was
+  QString note;            // what is otherwise than it may be expected; null for nothing
   QString usageProblem;    // null when there is something to do
 };
 

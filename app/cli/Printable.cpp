@@ -112,7 +112,8 @@ QString onOneLine(const QString &text) {
 }
 
 QString escapedBytes(const QByteArray &bytes) {
-  QString shown;
+  // Also of nothing there is a text.
+  QString shown = u""_s;
   for (qsizetype at = 0; at < bytes.size();) {
     qsizetype length = 1;
     QString decoded;

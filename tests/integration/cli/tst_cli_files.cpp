@@ -27,6 +27,8 @@ class TestCliFiles final : public QObject {
   void subtitlesAmongTheFiles();
   void subtitlesHoweverTheyAreWritten_data();
   void subtitlesHoweverTheyAreWritten();
+  void subtitlesBesideTheNamedOneAreTold();
+  void anEmptyNameIsASource();
   void missingSubtitles();
   void folders();
   void picturesInAFolderAreLeftOut();
@@ -71,6 +73,29 @@ void TestCliFiles::subtitlesHoweverTheyAreWritten() {
   program.file(u"a.srt"_s);
   QCOMPARE(program.run({u"convert"_s, movie, subtitle}).status, 0);
   QVERIFY(conversionOf(program).contains(program.path(subtitle)));
+}
+
+void TestCliFiles::subtitlesBesideTheNamedOneAreTold() {
+  const DecantProgram program;
+  for (const auto name : {"a.mkv"_L1, "a.srt"_L1, "x.srt"_L1})
+    program.file(name);
+  const QStringList named{u"convert"_s, u"--subtitle"_s, u"x.srt"_s, u"a.mkv"_s};
+  QCOMPARE(program.run(named + QStringList{u"./x.srt"_s}).error, QByteArray());
+  const DecantOutcome outcome = program.run(named + QStringList{u"a.srt"_s});
+  QCOMPARE(outcome.status, 0);
+  QCOMPARE(outcome.error.count('\n'), 1);
+  QVERIFY2(outcome.error.contains(program.path(u"a.srt"_s).toUtf8()), outcome.error.constData());
+  QVERIFY(conversionOf(program, 1).contains(program.path(u"x.srt"_s)));
+}
+
+void TestCliFiles::anEmptyNameIsASource() {
+  const DecantProgram program;
+  const QStringList arguments{u"convert"_s, u"--json"_s, u""_s};
+  const QJsonObject failed = program.run(arguments).objects().first();
+  QCOMPARE(failed.value("event"_L1), u"failed"_s);
+  QCOMPARE(failed.value("source"_L1), QJsonValue(u""_s));
+  const QJsonObject dry = program.run(arguments + QStringList{u"--dry-run"_s}).objects().first();
+  QCOMPARE(dry.value("source"_L1), QJsonValue(u""_s));
 }
 
 void TestCliFiles::missingSubtitles() {

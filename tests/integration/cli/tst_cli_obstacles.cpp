@@ -9,6 +9,8 @@ class TestCliObstacles final : public QObject {
 
  private Q_SLOTS:
   void noRoom();
+  void folderBelowOneThatIsGone_data();
+  void folderBelowOneThatIsGone();
   void notWritable_data();
   void notWritable();
   void readOnlyFolder();
@@ -42,6 +44,28 @@ void TestCliObstacles::noRoom() {
   QCOMPARE(failed.at(1).value("job"_L1), 3);
   QCOMPARE(outcome.events(u"finished"_s).size(), 1);
   QCOMPARE(outcome.story().last(), u"summary 1 2"_s);
+}
+
+void TestCliObstacles::folderBelowOneThatIsGone_data() {
+  QTest::addColumn<QByteArray>("dryRun");
+  QTest::newRow("conversion") << QByteArray();
+  QTest::newRow("dry run") << QByteArray("--dry-run");
+}
+
+// A relative name leads nowhere when the working folder has been removed.
+void TestCliObstacles::folderBelowOneThatIsGone() {
+  QFETCH(const QByteArray, dryRun);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  program.file(u"b.mkv"_s);
+  const DecantOutcome outcome =
+      program.shell("films=$PWD; mkdir gone && cd gone && rmdir ../gone; $decant convert --json " +
+                    dryRun + " -o out \"$films/a.mkv\" \"$films/b.mkv\"");
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.output.count("\"kind\":\"notWritable\""), 2);
+  QVERIFY2(outcome.output.contains("The folder that 'out' is in has been removed."),
+           outcome.output.constData());
+  QCOMPARE(program.files(), (QStringList{u"a.mkv"_s, u"b.mkv"_s}));
 }
 
 void TestCliObstacles::notWritable_data() {
