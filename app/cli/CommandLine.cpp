@@ -64,9 +64,7 @@ int CommandLine::runCommand(const Invocation &invocation) {
       m_services.output.write(helpText(invocation.topic).toUtf8());
       return statusOf(ExitCode::Done);
     case Command::Version:
-      m_services.output.write(
-          ostrak::makeString(u"%@ %@\n"_s, tk->appName(), tk->appVersionString()).toUtf8());
-      return statusOf(ExitCode::Done);
+      return tellVersion();
     case Command::Window:
       return refuseWindow();
     case Command::Probe: {
@@ -116,6 +114,20 @@ int CommandLine::refuseWindow() {
                 u"FILE"_s);
   writeErrorLine(m_services.error, why);
   return statusOf(ExitCode::Failed);
+}
+
+int CommandLine::tellVersion() {
+  const QString name = tk->appName();
+  const QString version = tk->appVersionString();
+  if (name.isEmpty() || version.isEmpty()) {
+    writeErrorLine(m_services.error,
+                   worded(u"The file '%@', which tells the version, is missing or damaged; please "
+                          u"install the program again."_s,
+                          QString(tk->resDir() + u"/Info.json"_s)));
+    return statusOf(ExitCode::Failed);
+  }
+  m_services.output.write(ostrak::makeString(u"%@ %@\n"_s, name, version).toUtf8());
+  return statusOf(ExitCode::Done);
 }
 
 void CommandLine::tellAboutStore() {

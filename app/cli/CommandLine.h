@@ -27,6 +27,7 @@ class CommandLine final {
   [[nodiscard]] int runSettings(const Invocation &invocation);
   [[nodiscard]] int refuseUsage(Topic topic, const QString &problem);
   [[nodiscard]] int refuseWindow();
+  [[nodiscard]] int tellVersion();
   void tellAboutStore();
   void tellAboutSettings();
 

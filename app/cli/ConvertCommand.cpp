@@ -74,14 +74,16 @@ void refuseAll(QList<InputFile> &files, const FileFailure &failure) {
   }
 }
 
-// Launch repairs mend some stored values for good: those are told here, the others by the delegate.
-void launch(AppDelegate &delegate, TextSink &error) {
+// Launch repairs mend some stored values for good, which is told here; returns what is to be said
+// about the others.
+QStringList launch(AppDelegate &delegate, TextSink &error) {
   const QStringList before = storedValueComplaints();
   delegate.applicationWillFinishLaunching();
   const QStringList after = storedValueComplaints();
   for (const QString &complaint : before) {
     if (!after.contains(complaint)) writeErrorLine(error, complaint);
   }
+  return after;
 }
 
 int statusOf(const ConvertResult &result) {
@@ -156,9 +158,10 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
                         [] {},
                         proberWithSubtitle(input.subtitle),
                         fixedDestination(destination)});
-  launch(delegate, m_services.error);
+  const QStringList complaints = launch(delegate, m_services.error);
   ConvertRun run(delegate, std::move(input), invocation.audioTrack, *reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
+  run.tellSettings(complaints);
   const ConvertResult result = run.run();
   m_presenter.setListener({});
   return statusOf(result);

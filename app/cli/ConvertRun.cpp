@@ -74,6 +74,12 @@ ConvertResult ConvertRun::run() {
   return m_result;
 }
 
+void ConvertRun::tellSettings(const QStringList &complaints) {
+  for (const QString &complaint : complaints)
+    m_reporter.alerted({}, ostrak::apptitledAlert(complaint, {}));
+  m_ledger.remember({}, complaints.join(u'\n'));
+}
+
 void ConvertRun::queueShown() {
   const std::optional<AppDelegate::Admission> admission = m_delegate.addToQueue();
   if (admission == AppDelegate::Admission::added) {

@@ -37,6 +37,9 @@ class ConvertRun final : public QObject {
   // Until every file has its end, or a signal came. Then no child runs and no partial output is
   // left.
   [[nodiscard]] ConvertResult run();
+  // Tells of stored settings that are not used, each by itself; the alert that has them all is not
+  // told again. Before `run`.
+  void tellSettings(const QStringList &complaints);
   // Takes every alert of the run; for the presenter.
   [[nodiscard]] bool takeAlert(const ostrak::Alert &alert);
 

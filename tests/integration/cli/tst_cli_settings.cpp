@@ -20,6 +20,8 @@ class TestCliSettings final : public QObject {
   void readingNeverWrites();
   void brokenFileIsKeptAsideOnce();
   void storedValueOutOfRangeIsToldOnce();
+  void storedValuesAreToldOneByOne_data();
+  void storedValuesAreToldOneByOne();
   void storedValueThatTheRunOverridesIsNotTold();
   void storedValueThatIsNoTextIsShown();
   void folderInItsPlaceIsToldOnce_data();
@@ -223,11 +225,37 @@ void TestCliSettings::storedValueOutOfRangeIsToldOnce() {
   QCOMPARE(outcome.status, 0);
   for (const char *key : {"AACBitrate", "CustomUnknownHandling", "DefaultAudio"})
     QCOMPARE(outcome.error.count(key), 1);
+  QCOMPARE(outcome.error.count('\n'), 3);
   QVERIFY(outcome.error.contains("0 to 3"));
   QVERIFY(program.files().contains(u"b.m4v"_s));
   // The repair of a launch stays; what is only read as its default stays as it was.
   QVERIFY(program.settings().contains("CustomUnknownHandling=1"));
   QVERIFY(program.settings().contains("AACBitrate=9"));
+}
+
+void TestCliSettings::storedValuesAreToldOneByOne_data() {
+  QTest::addColumn<QStringList>("arguments");
+  QTest::newRow("convert") << QStringList{u"convert"_s, u"a.mkv"_s};
+  QTest::newRow("dry run") << QStringList{u"convert"_s, u"--dry-run"_s, u"a.mkv"_s};
+  QTest::newRow("probe") << QStringList{u"probe"_s, u"a.mkv"_s};
+  QTest::newRow("settings") << QStringList{u"settings"_s, u"list"_s};
+}
+
+void TestCliSettings::storedValuesAreToldOneByOne() {
+  QFETCH(const QStringList, arguments);
+  const DecantProgram program;
+  program.file(u"a.mkv"_s);
+  {
+    QSettings file(program.settingsFile(), QSettings::IniFormat);
+    file.setValue(u"AACBitrate"_s, 9);
+    file.setValue(u"DefaultAudio"_s, 1);
+  }
+  const DecantOutcome outcome = program.run(arguments);
+  QCOMPARE(outcome.status, 0);
+  const QList<QByteArray> lines = outcome.error.split('\n');
+  QCOMPARE(lines.size(), 3);
+  QVERIFY(lines.at(0).startsWith("decant: ") && lines.at(0).contains("AACBitrate"));
+  QVERIFY(lines.at(1).startsWith("decant: ") && lines.at(1).contains("DefaultAudio"));
 }
 
 void TestCliSettings::storedValueThatTheRunOverridesIsNotTold() {

@@ -10,6 +10,8 @@ class TestCliUsage final : public QObject {
  private Q_SLOTS:
   void helpAndVersion_data();
   void helpAndVersion();
+  void versionWithoutInformation_data();
+  void versionWithoutInformation();
   void wrongUsage_data();
   void wrongUsage();
   void withoutADisplay();
@@ -47,6 +49,23 @@ void TestCliUsage::helpAndVersion() {
   QCOMPARE(program.run(shortly).output, outcome.output);
 }
 
+void TestCliUsage::versionWithoutInformation_data() {
+  QTest::addColumn<QByteArray>("damage");
+  QTest::newRow("missing") << QByteArray("rm");
+  QTest::newRow("empty") << QByteArray("truncate -s 0");
+}
+
+void TestCliUsage::versionWithoutInformation() {
+  QFETCH(const QByteArray, damage);
+  const DecantProgram program;
+  const DecantOutcome outcome =
+      program.shell(damage + " \"${decant%/*}/resources/Info.json\"; $decant --version");
+  QCOMPARE(outcome.status, 1);
+  QCOMPARE(outcome.output, QByteArray());
+  QCOMPARE(outcome.error.count('\n'), 1);
+  QVERIFY2(outcome.error.contains("resources/Info.json'"), outcome.error.constData());
+}
+
 void TestCliUsage::wrongUsage_data() {
   QTest::addColumn<QStringList>("arguments");
   QTest::addColumn<QByteArray>("wrong");
@@ -54,6 +73,8 @@ void TestCliUsage::wrongUsage_data() {
     QTest::newRow(name) << arguments << QByteArray(wrong);
   };
   row("unknown option", {u"convert"_s, u"--fast"_s, u"a.mkv"_s}, "'--fast'");
+  row("an empty track", {u"convert"_s, u"--audio"_s, u""_s, u"a.mkv"_s}, "not ''");
+  row("an empty setting", {u"convert"_s, u"--set"_s, u""_s, u"a.mkv"_s}, "not ''");
   row("no file", {u"convert"_s}, "No FILE");
   row("no movie", {u"convert"_s, u"a.srt"_s}, "no movie among the FILEs");
   row("no movie below a folder", {u"convert"_s, u"-r"_s, u"empty"_s}, "/work/empty'");
