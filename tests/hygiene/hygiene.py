@@ -100,6 +100,16 @@ def sleeps(root):
                 yield f"{path.relative_to(root)}:{number}: {line.strip()}"
 
 
+def wall_clock(root):
+    """Progress, time left and waiting are measured by a clock that nobody sets: the system's may jump."""
+    pattern = re.compile(r"\b(system_clock|currentDateTime(Utc)?|currentTime|currentMSecsSinceEpoch|"
+                         r"currentSecsSinceEpoch|gettimeofday|CLOCK_REALTIME)\b|\bstd::time\(")
+    for path in sources(root, "app"):
+        for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+            if pattern.search(line):
+                yield f"{path.relative_to(root)}:{number}: {line.strip()}"
+
+
 def leftovers(root):
     """Nothing is skipped, nothing is left for later."""
     pattern = re.compile("|".join(["Q" + "SKIP", "TO" + "DO", "FIX" + "ME", r"\bX" + r"XX\b"]))
@@ -127,7 +137,8 @@ def run_bits(root):
 
 
 RULES = {"layers": layers, "length": length, "long-includes": long_includes, "sleeps": sleeps,
-         "leftovers": leftovers, "names": names, "run-bits": run_bits, "translations": translations}
+         "wall-clock": wall_clock, "leftovers": leftovers, "names": names, "run-bits": run_bits,
+         "translations": translations}
 
 
 def main():
