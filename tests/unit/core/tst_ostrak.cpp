@@ -29,6 +29,8 @@ class TestOstrak final : public QObject {
   void inMemoryMakesNoSupportFolder();
   void singletonComesAndGoes();
   void setupOfProcess();
+  void desktopOfProcess_data();
+  void desktopOfProcess();
   void setupIgnoresRelativeFolders();
   void destinations_data();
   void destinations();
@@ -129,6 +131,24 @@ void TestOstrak::setupOfProcess() {
   QCOMPARE(setup.tempDir, QDir::tempPath());
   QCOMPARE(setup.crashFolders, (QStringList{u"/var/lib/systemd/coredump"_s, u"/var/crash"_s}));
   QCOMPARE(setup.persistence, UserDefaults::Persistence::Stored);
+}
+
+void TestOstrak::desktopOfProcess_data() {
+  QTest::addColumn<QByteArray>("userDirs");
+  QTest::addColumn<QString>("desktop");
+  QTest::newRow("where the user has it")
+      << QByteArray("XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n") << u"/Schreibtisch"_s;
+  QTest::newRow("not named") << QByteArray("XDG_MUSIC_DIR=\"$HOME/Music\"\n") << u"/Desktop"_s;
+}
+
+void TestOstrak::desktopOfProcess() {
+  QFETCH(const QByteArray, userDirs);
+  QFETCH(const QString, desktop);
+  qputenv("XDG_CONFIG_HOME", m_program->path(u"config"_s).toUtf8());
+  QFile file(m_program->path(u"config/user-dirs.dirs"_s));
+  QVERIFY(file.open(QIODevice::WriteOnly) && file.write(userDirs) > 0);
+  file.close();
+  QCOMPARE(OstrakSetup::ofProcess().deskDir, QString(QDir::homePath() + desktop));
 }
 
 void TestOstrak::setupIgnoresRelativeFolders() {
