@@ -38,6 +38,11 @@ namespace {
 
 QtMessageHandler messageLog = nullptr;
 bool displayAnswered = false;
+QStringList userLanguages;
+
+QString cataloguesOf(const ostrak::OstrakSetup &setup) {
+  return setup.bundlePath + u"/resources/translations"_s;
+}
 
 void tellError(const QString &sentence) {
   decant::DescriptorSink error(STDERR_FILENO);
@@ -45,12 +50,12 @@ void tellError(const QString &sentence) {
 }
 
 // A display that is named but does not answer ends the program inside the toolkit: this says so in
-// a sentence first.
+// a sentence first, in the user's language, though there is no application object yet.
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message) {
   if (type == QtFatalMsg && !displayAnswered) {
-    tellError(
-        u"There is no display to open a window on; convert movies with: decant convert "
-        "FILE"_s);
+    tellError(ostrak::Translations::textOf(
+        cataloguesOf(ostrak::OstrakSetup::ofProcess()), userLanguages,
+        u"There is no display to open a window on; convert movies with: decant convert FILE"_s));
     std::_Exit(decant::statusOf(decant::ExitCode::Failed));
   }
   messageLog(type, context, message);
@@ -130,12 +135,14 @@ int runProgram(ProcessServices &services, SessionServices &session, const GivenF
 
 int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
                const QStringList &languages) {
+  userLanguages = languages;
   messageLog = qInstallMessageHandler(handleMessage);
   QApplication::setDesktopFileName(u"org.decant.Decant"_s);
   const QVariantMap platformData = RealSingleInstance::platformDataOfProcess();
   const ostrak::GuardedApplication<QApplication> application(argc, argv);
   displayAnswered = true;
   ProcessServices services;
+  const ostrak::Translations translations(cataloguesOf(services.setup), languages);
   const QString name = services.setup.info.value(u"CFBundleName"_s).toString();
   const QString identifier = services.setup.info.value(u"CFBundleIdentifier"_s).toString();
   QApplication::setApplicationName(name);
@@ -151,6 +158,5 @@ int windowMain(int argc, char **argv, const QList<QByteArray> &arguments,
   QApplication::setStyle(new ostrak::TextSizedStyle);
   QApplication::setWindowIcon(
       QIcon::fromTheme(identifier, QIcon(resources + u"/images/decant.svg"_s)));
-  const ostrak::Translations translations(resources + u"/translations"_s, languages);
   return runProgram(services, session, files, languages);
 }

@@ -21,6 +21,11 @@ class Translations final {
   // The identifier of the language taken.
   [[nodiscard]] const QString &language() const { return m_language; }
 
+  // What `localized` would give, where no application object can be made: reads the catalogue for
+  // this one text.
+  [[nodiscard]] static QString textOf(const QString &folder, const QStringList &languages,
+                                      const QString &key);
+
  private:
   QTranslator m_toolkit;
   QTranslator m_program;

@@ -14,6 +14,7 @@ class TestCliLanguage final : public QObject {
   void followsTheEnvironment_data();
   void followsTheEnvironment();
   void keysStayEnglish();
+  void aDisplayThatDoesNotAnswer();
 };
 
 namespace {
@@ -68,6 +69,18 @@ void TestCliLanguage::keysStayEnglish() {
   QVERIFY(outcome.output.contains("Die Datei „missing.mkv“ gibt es nicht."));
   const DecantOutcome settings = program.run({u"settings"_s, u"get"_s, u"AutoAdd"_s});
   QCOMPARE(settings.output, QByteArray("0\n"));
+}
+
+// The toolkit gives up before there is an application that could be asked for texts.
+void TestCliLanguage::aDisplayThatDoesNotAnswer() {
+  DecantProgram program;
+  putCatalogueInto(program);
+  program.environment().insert(u"LANGUAGE"_s, u"de"_s);
+  program.environment().insert(u"DISPLAY"_s, u":65000"_s);
+  const DecantOutcome outcome = program.run({program.file(u"a.mkv"_s)});
+  QCOMPARE(outcome.status, 1);
+  QVERIFY2(outcome.error.contains("Filme umwandeln mit: decant convert DATEI\n"),
+           outcome.error.constData());
 }
 
 QTEST_GUILESS_MAIN(TestCliLanguage)

@@ -55,6 +55,20 @@ class TestTranslations final : public QObject {
     QCOMPARE(toolkitsCancel(), u"Cancel"_s);
   }
 
+  void givesOneTextWithoutBeingInstalled() {
+    const QString none =
+        u"There is no display to open a window on; convert movies with: decant convert FILE"_s;
+    const auto textFor = [&none](const QString &language) {
+      return Translations::textOf(catalogues, {language}, none);
+    };
+    QCOMPARE(textFor(u"de"_s),
+             u"Für ein Fenster fehlt der Bildschirm; Filme umwandeln mit: decant convert DATEI"_s);
+    QCOMPARE(textFor(u"en"_s), none);
+    QCOMPARE(textFor(u"xx"_s), none);
+    QCOMPARE(Translations::textOf(catalogues, {u"de"_s}, u"not in there"_s), u"not in there"_s);
+    QCOMPARE(localized(u"Finished"_s), u"Finished"_s);
+  }
+
   // Texts with several lines, arguments and letters beyond ASCII are found, too.
   void translatesAllKindsOfTexts() {
     const Translations translations(catalogues, {u"de"_s});
