@@ -8,7 +8,7 @@
 namespace ostrak {
 namespace {
 
-constexpr int readyAtOnce = 200;      // milliseconds that a window may stand still
+constexpr int readyAtOnce = 300;      // milliseconds that a window may stand still
 constexpr float worthTelling = 0.5F;  // seconds
 
 PatiencePresenter *thePresenter = nullptr;

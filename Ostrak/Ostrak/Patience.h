@@ -19,7 +19,7 @@ class PatiencePresenter {
 void setPatiencePresenter(PatiencePresenter *presenter);
 
 // Main thread: does `work` on a worker thread and then `done` on the main thread. What is ready
-// within a fifth of a second is done before this returns; of what takes longer than half a second
+// within three tenths of a second is done before this returns; of what takes longer than half a second
 // the presenter tells by `title` until it is done. `work` reads values of its own only, and what it
 // throws ends the program.
 void workPatiently(const QString &title, std::function<void()> work, std::function<void()> done);

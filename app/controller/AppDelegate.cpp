@@ -92,8 +92,14 @@ std::optional<Admission> AppDelegate::addToQueue() {
   const auto admission = std::make_shared<std::optional<Admission>>();
   const auto chosen = [app = QPointer(this), admission](const auto &destination) {
     if (!app) return;
+    // It may have been skipped meanwhile.
+    const bool skipped = app->m_intake.currentPath().isNull();
     app->m_intake.setAsking(false);
-    if (destination) *admission = app->addShownTo(*destination);
+    if (!destination) return;
+    if (skipped)
+      app->letGo(*destination);
+    else
+      *admission = app->addShownTo(*destination);
   };
   m_intake.setAsking(true);
   try {
@@ -108,13 +114,17 @@ std::optional<Admission> AppDelegate::addToQueue() {
 std::optional<Admission> AppDelegate::addShownTo(const Destination &destination) {
   std::unique_ptr<ConversionJob> job = makeJob(destination.url);
   if (!job) {
-    const QString granted = destination.securityURL.toLocalFile();
-    if (!granted.isEmpty()) m_services.jobs.sandbox.stopAccess(granted);
+    letGo(destination);
     return {};
   }
   job->setReplacesDestination(destination.replaces);
   job->setSecurityURL(destination.securityURL);
   return addJob(std::move(job));
+}
+
+void AppDelegate::letGo(const Destination &destination) {
+  const QString granted = destination.securityURL.toLocalFile();
+  if (!granted.isEmpty()) m_services.jobs.sandbox.stopAccess(granted);
 }
 
 Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {

@@ -101,6 +101,8 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
 
  private:
   [[nodiscard]] std::optional<Admission> addShownTo(const Destination &destination);
+  // Stops the access to a folder that no job will use.
+  void letGo(const Destination &destination);
   void leaveShown();
   void updateWindowTitle();
   void recordShown();

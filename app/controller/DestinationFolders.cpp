@@ -86,6 +86,10 @@ QStringList DestinationFolders::paths() const {
   return paths;
 }
 
+QByteArray DestinationFolders::bookmarkAt(qsizetype index) {
+  return ostrak::defaultArray(bookmarksKey).value(index).toByteArray();
+}
+
 void DestinationFolders::open(const QString &folder) {
   m_opened.append({folder, false});
 }
@@ -132,9 +136,7 @@ std::optional<DestinationFolders::Opened> DestinationFolders::openFor(const QStr
 }
 
 QString DestinationFolders::use(qsizetype index) {
-  const QVariantList bookmarks = ostrak::defaultArray(bookmarksKey);
-  const std::optional<QString> folder =
-      ostrak::folderOfBookmark(bookmarks.value(index).toByteArray());
+  const std::optional<QString> folder = ostrak::folderOfBookmark(bookmarkAt(index));
   if (!folder) {
     throw ostrak::Exception(u"Bookmark Problem: URLByResolvingBookmarkData"_s,
                             u"the folder %1 is gone"_s.arg(names().value(index)));

@@ -33,6 +33,8 @@ class DestinationFolders final : public QObject {
   // Where the folders of these names are now; empty for one that is gone. Looks at the disk.
   [[nodiscard]] QStringList paths() const;
   [[nodiscard]] const QList<Opened> &openedFolders() const { return m_opened; }
+  // What finds the folder at `index`, for those that look on a worker; empty for none.
+  [[nodiscard]] static QByteArray bookmarkAt(qsizetype index);
   // A folder picked by the user for this run.
   void open(const QString &folder);
 

@@ -3,12 +3,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPointer>
+#include <memory>
+#include <utility>
 
 #include "Alerts.h"
+#include "Bookmark.h"
 #include "DestinationFolders.h"
 #include "DestinationMenu.h"
 #include "Destinations.h"
 #include "Ostrak.h"
+#include "Patience.h"
 #include "Text.h"
 #include "Url.h"
 
@@ -29,7 +34,11 @@ void tell(const QString &message, const QString &button, const QString &subject 
 }  // namespace
 
 DestinationRoad::DestinationRoad(DestinationFolders &folders, Panels &panels, QObject *parent)
-    : QObject(parent), m_folders(folders), m_panels(panels) {}
+    : DestinationRoad(folders, panels, &lookIntoFolder, parent) {}
+
+DestinationRoad::DestinationRoad(DestinationFolders &folders, Panels &panels, FolderLook look,
+                                 QObject *parent)
+    : QObject(parent), m_folders(folders), m_panels(panels), m_look(std::move(look)) {}
 
 DestinationRoad::~DestinationRoad() = default;
 
@@ -41,7 +50,12 @@ void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &clai
       askEachTime(request);
       break;
     case DestinationMenuItem::Kind::NextToSource:
-      nextToSource(request);
+      afterLook(
+          request,
+          [look = m_look, source = record.fileURL.toLocalFile()] {
+            look(QFileInfo(source).path());
+          },
+          [this, request] { nextToSource(request); });
       break;
     case DestinationMenuItem::Kind::Folder:
       intoFolder(request, *folderAtMenuIndex(m_menuIndex, m_folders.names().size()));
@@ -51,6 +65,23 @@ void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &clai
       answer({});
       break;
   }
+}
+
+void DestinationRoad::afterLook(const Request &request, std::function<void()> look,
+                                std::function<void()> then) {
+  const auto late = std::make_shared<bool>(false);
+  ostrak::workPatiently(localized(u"Checking the Destination"_s), std::move(look),
+                        [road = QPointer(this), request, then = std::move(then), late] {
+                          if (!road) return;
+                          try {
+                            then();
+                          } catch (...) {
+                            // Nobody who could take it for an answer is listening any more.
+                            if (*late) request.answer({});
+                            throw;
+                          }
+                        });
+  *late = true;
 }
 
 void DestinationRoad::askEachTime(const Request &request) {
@@ -66,6 +97,12 @@ void DestinationRoad::askEachTime(const Request &request) {
 }
 
 void DestinationRoad::targetChosen(const Request &request, const QString &path) {
+  afterLook(
+      request, [look = m_look, path] { look(QFileInfo(path).path()); },
+      [this, request, path] { replaceTarget(request, path); });
+}
+
+void DestinationRoad::replaceTarget(const Request &request, const QString &path) {
   const QString source = request.record.fileURL.toLocalFile();
   const QString subtitle = request.record.subtitleFileURL.toLocalFile();
   if (path == source || ostrak::isSameFile(path, source) || ostrak::isSameFile(path, subtitle) ||
@@ -116,6 +153,16 @@ void DestinationRoad::openFolderFor(const Request &request) {
 }
 
 void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
+  const QByteArray bookmark = DestinationFolders::bookmarkAt(folder);
+  afterLook(
+      request,
+      [look = m_look, bookmark] {
+        if (const auto path = ostrak::folderOfBookmark(bookmark)) look(*path);
+      },
+      [this, request, folder] { intoResolvedFolder(request, folder); });
+}
+
+void DestinationRoad::intoResolvedFolder(const Request &request, qsizetype folder) {
   const QString path = m_folders.use(folder);
   const QString target = QDir(path).filePath(outputName(request.record, outputExtension()));
   request.answer(Destination{ostrak::fileURL(request.claimed.uniqueName(target)),

@@ -23,6 +23,7 @@ class TestDestinationAnswers final : public QObject {
   void aDestinationThatIsGoneHoldsNothingUp();
   void accessEndsWithTheJob();
   void accessEndsWithARefusedJob();
+  void aRecordSkippedMeanwhileIsNotQueued();
   void skippingStopsAProbeThatHangs();
 
  private:
@@ -147,6 +148,22 @@ void TestDestinationAnswers::accessEndsWithARefusedJob() {
                        QUrl::fromLocalFile(m_p->program.root()), false});
   QVERIFY(m_p->queue().taskArray().isEmpty());
   QCOMPARE(m_p->sandbox.open, 0);
+}
+
+void TestDestinationAnswers::aRecordSkippedMeanwhileIsNotQueued() {
+  show(u"a.mkv"_s);
+  (void)m_p->controller->addToQueue();
+  m_p->intake().openFiles({m_p->movie(u"b.mkv"_s)});
+  m_p->intake().cancelAdd();
+  const QString folder = m_p->program.root();
+  m_p->sandbox.granted = {folder};
+  QVERIFY(m_p->sandbox.startAccess(folder));
+  m_answer(
+      Destination{QUrl::fromLocalFile(folder + u"/a.m4v"_s), QUrl::fromLocalFile(folder), false});
+  QVERIFY(m_p->queue().taskArray().isEmpty());
+  QCOMPARE(m_p->sandbox.open, 0);
+  QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
+  QCOMPARE(m_p->intake().fileInfo()->fileName, u"b.mkv"_s);
 }
 
 void TestDestinationAnswers::skippingStopsAProbeThatHangs() {
