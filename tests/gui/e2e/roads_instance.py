@@ -23,6 +23,8 @@ class InstanceRoads(WindowCase):
         second = self.program.run(os.fsdecode(b"\xff.mkv"))
         self.assertEqual((second.returncode, second.stdout), (1, ""))
         self.assertRegex(second.stderr, r"^decant: .*\.mkv: .+\n$")
+        german = self.program.run(os.fsdecode(b"\xff.mkv"), LANGUAGE="de")
+        self.assertRegex(german.stderr, r"^decant: .*\.mkv: .*kein gültiges UTF-8.*\n$")
 
     def test_both_started_at_once(self):
         movies = [self.program.movie(name) for name in ("one.mkv", "two.mkv")]
@@ -53,6 +55,9 @@ class InstanceRoads(WindowCase):
         self.assertEqual(run.returncode, 1, run.stderr)
         self.assertIn("decant convert", run.stderr)
         self.assertEqual(run.stdout, "")
+        german = self.program.run(DISPLAY=":4095", LANGUAGE="de")
+        self.assertEqual(german.returncode, 1)
+        self.assertIn("Filme umwandeln mit: decant convert DATEI", german.stderr)
 
     def test_form_that_is_missing(self):
         (self.program.bundle / "resources" / "ui").unlink()
