@@ -2,6 +2,7 @@
 import unittest
 
 from case import WindowCase
+from screen import Screen
 
 
 class PreferencesRoad(WindowCase):
@@ -45,6 +46,26 @@ class PreferencesRoad(WindowCase):
         self.assertEqual(self.program.ended(), 0)
         self.assertEqual(self.program.setting("ConversionPreset"), "2")
         self.assertEqual(self.program.setting("CustomMP3Handling"), "3")
+
+    def told_at_the_start(self, words):
+        self.program.start()
+        self.screen = Screen(self.desktop, self.program.process.pid)
+        self.screen.find("label", f".*{words}.*")
+        self.screen.click(self.screen.find("push button", "OK"))
+        self.screen.gone("label", f".*{words}.*")
+        self.program.process.terminate()
+        self.assertEqual(self.program.ended(), 143)
+
+    def test_settings_that_cannot_be_read_are_told(self):
+        settings = self.program.home / "config" / "org.decant.Decant.conf"
+        settings.write_text("no settings\n")
+        self.told_at_the_start("is kept as")
+        self.assertEqual(settings.with_name(settings.name + ".broken-1").read_text(), "no settings\n")
+        # A folder is what even root can't read.
+        settings.unlink(missing_ok=True)
+        settings.mkdir()
+        self.told_at_the_start("is not used")
+        self.assertTrue(settings.is_dir())
 
 
 if __name__ == "__main__":
