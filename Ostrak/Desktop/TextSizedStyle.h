@@ -5,7 +5,7 @@
 namespace ostrak {
 
 // The style of the desktop, but with icons, check marks and radio marks that grow with the text
-// beside them. Main thread.
+// beside them, and, where the style draws them black on dark grey, can be seen. Main thread.
 class TextSizedStyle final : public QProxyStyle {
   Q_OBJECT
 
@@ -15,6 +15,8 @@ class TextSizedStyle final : public QProxyStyle {
 
   [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption *option,
                                 const QWidget *widget) const override;
+  void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
 };
 
 }  // namespace ostrak

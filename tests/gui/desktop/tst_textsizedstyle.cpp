@@ -1,4 +1,6 @@
 #include <QFont>
+#include <QPainter>
+#include <QStyleOption>
 #include <QWidget>
 
 #include "OffscreenMain.h"
@@ -34,6 +36,21 @@ class TestTextSizedStyle final : public QObject {
     QVERIFY(at(20) >= 2 * usual - 1 && at(20) <= 2 * usual + 1);
     QCOMPARE(at(10), usual);
     QCOMPARE(at(7), usual);
+  }
+
+  void boxesAreSeenInTheDark() {
+    const TextSizedStyle style;
+    QStyleOptionButton box;
+    box.rect = QRect(0, 0, 16, 16);
+    box.state = QStyle::State_Enabled | QStyle::State_Off;
+    box.palette = QPalette(QColor(49, 54, 59), QColor(42, 46, 50));
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(box.palette.color(QPalette::Window));
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, nullptr);
+    painter.end();
+    QVERIFY(image.pixelColor(8, 0).lightness() >
+            box.palette.color(QPalette::Window).lightness() + 40);
   }
 
   void distancesStay() {
