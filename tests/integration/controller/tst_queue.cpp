@@ -21,17 +21,8 @@ class TestQueue final : public QObject {
   void jobsAreInsertedAtTheTop();
   void jobsAreInsertedAtTheBottomWhenAsked();
   void anotherConvertsSoItWaits();
-  void pausedQueueStartsNothing();
-  void resumingByClickStartsExactlyOne();
   void theMostRecentJobRunsFirst();
-  void pausedJobAheadIsResumedFirst();
   void queuedJobAheadIsStartedFirst();
-  void pausingByClickPausesTheConvertingJob();
-  void nothingIsStartedWhilePaused();
-  void jobsOwnCallOnlyRefreshesTheTitle();
-  void individuallyResumedJobLiftsThePausedMark();
-  void startingASecondJobPausesTheFirst();
-  void pausingOneJobStartsNoOther();
   void endOfAJobStartsTheNext();
   void removalOfTheRunningJobStartsTheNext();
   void cleaningRemovesFinishedJobsOnly();
@@ -81,25 +72,6 @@ void TestQueue::anotherConvertsSoItWaits() {
   QCOMPARE(m_p->count(JobStateConverting), 1);
 }
 
-void TestQueue::pausedQueueStartsNothing() {
-  pauseClick();
-  m_p->add(u"1.mkv"_s);
-  m_p->add(u"2.mkv"_s);
-  m_p->controller->startNextJobInQueue();
-  QCOMPARE(m_p->count(JobStateQueued), 2);
-  QVERIFY(m_p->scenario.calls().isEmpty());
-}
-
-void TestQueue::resumingByClickStartsExactlyOne() {
-  pauseClick();
-  m_p->add(u"1slow.mkv"_s);
-  m_p->add(u"2slow.mkv"_s);
-  pauseClick();
-  QVERIFY(!m_p->queue().paused());
-  QCOMPARE(m_p->count(JobStateConverting), 1);
-  QCOMPARE(m_p->count(JobStateQueued), 1);
-}
-
 void TestQueue::theMostRecentJobRunsFirst() {
   pauseClick();
   for (const QString &name : {u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s})
@@ -107,17 +79,6 @@ void TestQueue::theMostRecentJobRunsFirst() {
   pauseClick();
   QTRY_COMPARE(m_p->count(JobStateFinished), 3);
   QCOMPARE(m_p->converted(), QStringList({u"3.mkv"_s, u"2.mkv"_s, u"1.mkv"_s}));
-}
-
-void TestQueue::pausedJobAheadIsResumedFirst() {
-  ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
-  const ConversionJob *ahead = m_p->add(u"1slow.mkv"_s);
-  const ConversionJob *behind = m_p->add(u"2slow.mkv"_s);
-  pauseClick();
-  QCOMPARE(ahead->state(), JobStatePaused);
-  pauseClick();
-  QCOMPARE(ahead->state(), JobStateConverting);
-  QCOMPARE(behind->state(), JobStateQueued);
 }
 
 void TestQueue::queuedJobAheadIsStartedFirst() {
@@ -130,73 +91,6 @@ void TestQueue::queuedJobAheadIsStartedFirst() {
   // At its end the paused one is the next.
   m_p->letGo();
   QTRY_COMPARE(m_p->count(JobStateFinished), 2);
-}
-
-void TestQueue::pausingByClickPausesTheConvertingJob() {
-  QSignalSpy texts(m_p->controller.get(), &AppDelegate::pauseTextsChanged);
-  const ConversionJob *job = m_p->add(u"1slow.mkv"_s);
-  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
-  pauseClick();
-  QCOMPARE(job->state(), JobStatePaused);
-  QVERIFY(m_p->queue().paused());
-  QCOMPARE(m_p->controller->addButtonTitle(), u"Add to Queue"_s);
-  QCOMPARE(texts.size(), 1);
-  pauseClick();
-  QCOMPARE(job->state(), JobStateConverting);
-  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
-  QCOMPARE(texts.size(), 2);
-}
-
-void TestQueue::nothingIsStartedWhilePaused() {
-  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
-  m_p->add(u"2.mkv"_s);
-  pauseClick();
-  first->remove();
-  QCOMPARE(m_p->count(JobStateQueued), 1);
-  QCOMPARE(m_p->count(JobStateConverting), 0);
-}
-
-void TestQueue::jobsOwnCallOnlyRefreshesTheTitle() {
-  m_p->add(u"1slow.mkv"_s);
-  m_p->add(u"2.mkv"_s);
-  QSignalSpy title(m_p->controller.get(), &AppDelegate::windowTitleChanged);
-  QSignalSpy texts(m_p->controller.get(), &AppDelegate::pauseTextsChanged);
-  m_p->controller->pauseContinueClicked(false);
-  QCOMPARE(title.size(), 1);
-  QVERIFY(texts.isEmpty());
-  QCOMPARE(m_p->count(JobStateConverting), 1);
-}
-
-void TestQueue::individuallyResumedJobLiftsThePausedMark() {
-  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
-  const ConversionJob *second = m_p->add(u"2slow.mkv"_s);
-  pauseClick();
-  first->continue_();
-  QVERIFY(!m_p->queue().paused());
-  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
-  QCOMPARE(first->state(), JobStateConverting);
-  QCOMPARE(second->state(), JobStateQueued);
-}
-
-void TestQueue::startingASecondJobPausesTheFirst() {
-  const ConversionJob *first = m_p->add(u"1slow.mkv"_s);
-  ConversionJob *second = m_p->add(u"2slow.mkv"_s);
-  QCOMPARE(second->start(), StartOutcome::launched);
-  QCOMPARE(first->state(), JobStatePaused);
-  QCOMPARE(second->state(), JobStateConverting);
-  QCOMPARE(m_p->count(JobStateConverting), 1);
-  m_p->letGo();
-  QTRY_COMPARE(m_p->count(JobStateFinished), 2);
-}
-
-void TestQueue::pausingOneJobStartsNoOther() {
-  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
-  m_p->add(u"2.mkv"_s);
-  first->pause();
-  QCOMPARE(m_p->count(JobStateConverting), 0);
-  QVERIFY(!m_p->queue().paused());
-  first->continue_();
-  QCOMPARE(first->state(), JobStateConverting);
 }
 
 void TestQueue::endOfAJobStartsTheNext() {

@@ -1,0 +1,133 @@
+#include <QtTest>
+
+#include "ControllerProgram.h"
+#include "Defaults.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// Pausing and resuming the queue and single jobs.
+class TestQueuePause final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_p = std::make_unique<ControllerProgram>();
+  }
+  void cleanup() { m_p.reset(); }
+
+  void pausedQueueStartsNothing();
+  void resumingByClickStartsExactlyOne();
+  void pausedJobAheadIsResumedFirst();
+  void pausingByClickPausesTheConvertingJob();
+  void nothingIsStartedWhilePaused();
+  void jobsOwnCallOnlyRefreshesTheTitle();
+  void individuallyResumedJobLiftsThePausedMark();
+  void startingASecondJobPausesTheFirst();
+  void pausingOneJobStartsNoOther();
+
+ private:
+  void pauseClick() { m_p->controller->pauseContinueClicked(true); }
+  std::unique_ptr<ControllerProgram> m_p;
+};
+
+void TestQueuePause::pausedQueueStartsNothing() {
+  pauseClick();
+  m_p->add(u"1.mkv"_s);
+  m_p->add(u"2.mkv"_s);
+  m_p->controller->startNextJobInQueue();
+  QCOMPARE(m_p->count(JobStateQueued), 2);
+  QVERIFY(m_p->scenario.calls().isEmpty());
+}
+
+void TestQueuePause::resumingByClickStartsExactlyOne() {
+  pauseClick();
+  m_p->add(u"1slow.mkv"_s);
+  m_p->add(u"2slow.mkv"_s);
+  pauseClick();
+  QVERIFY(!m_p->queue().paused());
+  QCOMPARE(m_p->count(JobStateConverting), 1);
+  QCOMPARE(m_p->count(JobStateQueued), 1);
+}
+
+void TestQueuePause::pausedJobAheadIsResumedFirst() {
+  ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
+  const ConversionJob *ahead = m_p->add(u"1slow.mkv"_s);
+  const ConversionJob *behind = m_p->add(u"2slow.mkv"_s);
+  pauseClick();
+  QCOMPARE(ahead->state(), JobStatePaused);
+  pauseClick();
+  QCOMPARE(ahead->state(), JobStateConverting);
+  QCOMPARE(behind->state(), JobStateQueued);
+}
+
+void TestQueuePause::pausingByClickPausesTheConvertingJob() {
+  QSignalSpy texts(m_p->controller.get(), &AppDelegate::pauseTextsChanged);
+  const ConversionJob *job = m_p->add(u"1slow.mkv"_s);
+  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
+  pauseClick();
+  QCOMPARE(job->state(), JobStatePaused);
+  QVERIFY(m_p->queue().paused());
+  QCOMPARE(m_p->controller->addButtonTitle(), u"Add to Queue"_s);
+  QCOMPARE(texts.size(), 1);
+  pauseClick();
+  QCOMPARE(job->state(), JobStateConverting);
+  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
+  QCOMPARE(texts.size(), 2);
+}
+
+void TestQueuePause::nothingIsStartedWhilePaused() {
+  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  m_p->add(u"2.mkv"_s);
+  pauseClick();
+  first->remove();
+  QCOMPARE(m_p->count(JobStateQueued), 1);
+  QCOMPARE(m_p->count(JobStateConverting), 0);
+}
+
+void TestQueuePause::jobsOwnCallOnlyRefreshesTheTitle() {
+  m_p->add(u"1slow.mkv"_s);
+  m_p->add(u"2.mkv"_s);
+  QSignalSpy title(m_p->controller.get(), &AppDelegate::windowTitleChanged);
+  QSignalSpy texts(m_p->controller.get(), &AppDelegate::pauseTextsChanged);
+  m_p->controller->pauseContinueClicked(false);
+  QCOMPARE(title.size(), 1);
+  QVERIFY(texts.isEmpty());
+  QCOMPARE(m_p->count(JobStateConverting), 1);
+}
+
+void TestQueuePause::individuallyResumedJobLiftsThePausedMark() {
+  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  const ConversionJob *second = m_p->add(u"2slow.mkv"_s);
+  pauseClick();
+  first->continue_();
+  QVERIFY(!m_p->queue().paused());
+  QCOMPARE(m_p->controller->addButtonTitle(), u"Start Conversion"_s);
+  QCOMPARE(first->state(), JobStateConverting);
+  QCOMPARE(second->state(), JobStateQueued);
+}
+
+void TestQueuePause::startingASecondJobPausesTheFirst() {
+  const ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  ConversionJob *second = m_p->add(u"2slow.mkv"_s);
+  QCOMPARE(second->start(), StartOutcome::launched);
+  QCOMPARE(first->state(), JobStatePaused);
+  QCOMPARE(second->state(), JobStateConverting);
+  QCOMPARE(m_p->count(JobStateConverting), 1);
+  m_p->letGo();
+  QTRY_COMPARE(m_p->count(JobStateFinished), 2);
+}
+
+void TestQueuePause::pausingOneJobStartsNoOther() {
+  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  m_p->add(u"2.mkv"_s);
+  first->pause();
+  QCOMPARE(m_p->count(JobStateConverting), 0);
+  QVERIFY(!m_p->queue().paused());
+  first->continue_();
+  QCOMPARE(first->state(), JobStateConverting);
+}
+
+QTEST_GUILESS_MAIN(TestQueuePause)
+#include "tst_queuepause.moc"

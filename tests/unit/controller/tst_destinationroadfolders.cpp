@@ -1,0 +1,163 @@
+#include <unistd.h>
+
+#include <QtTest>
+
+#include "Defaults.h"
+#include "DestinationFolders.h"
+#include "DestinationRoad.h"
+#include "Destinations.h"
+#include "Exceptions.h"
+#include "FakePanels.h"
+#include "Sandbox.h"
+#include "ScratchProgram.h"
+#include "Settings.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// Folders of the menu: the way into them, and new ones.
+class TestDestinationRoadFolders final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_program = std::make_unique<ScratchProgram>();
+    m_sandbox = std::make_unique<FakeSandbox>();
+    m_panels = std::make_unique<FakePanels>();
+    m_claimed = std::make_unique<ClaimedNames>();
+    m_answers.clear();
+    registerSettings();
+    make(true);
+  }
+  void cleanup() {
+    m_road.reset();
+    m_folders.reset();
+    m_program.reset();
+  }
+
+  void intoAFolder();
+  void intoAFolderThatIsGone();
+  void separatorsAndCommandChooseNothing_data();
+  void separatorsAndCommandChooseNothing();
+  void addsAFolder_data();
+  void addsAFolder();
+  void cancelledAdditionChangesNothing();
+
+ private:
+  void make(bool sandboxed) {
+    m_sandbox->active = sandboxed;
+    m_road.reset();
+    m_folders = std::make_unique<DestinationFolders>(*m_sandbox);
+    m_road = std::make_unique<DestinationRoad>(*m_folders, *m_panels);
+  }
+  [[nodiscard]] QString file(const QString &name) const {
+    QDir().mkpath(QFileInfo(m_program->path(name)).path());
+    QFile made(m_program->path(name));
+    if (!made.open(QIODevice::WriteOnly)) return {};
+    return made.fileName();
+  }
+  [[nodiscard]] QString folder(const QString &name) const {
+    QDir(m_program->root()).mkpath(name);
+    m_sandbox->granted.insert(m_program->path(name));
+    return m_program->path(name);
+  }
+  void choose(int index, const QString &source, const QString &subtitle = {}) {
+    MKVFileInfo record;
+    record.fileURL = QUrl::fromLocalFile(source);
+    record.fileName = QFileInfo(source).fileName();
+    if (!subtitle.isEmpty()) record.subtitleFileURL = QUrl::fromLocalFile(subtitle);
+    m_road->setMenuIndex(index);
+    m_road->choose(record, *m_claimed, [this](const auto &answer) { m_answers.append(answer); });
+  }
+  [[nodiscard]] QString chosen() const {
+    return m_answers.size() == 1 && m_answers.first() ? m_answers.first()->url.toLocalFile()
+                                                      : QString();
+  }
+  [[nodiscard]] bool choseNothing() const {
+    return m_answers.size() == 1 && !m_answers.first().has_value();
+  }
+  [[nodiscard]] const QList<ostrak::Alert> &told() const {
+    return m_program->presenter().presented;
+  }
+
+  std::unique_ptr<ScratchProgram> m_program;
+  std::unique_ptr<FakeSandbox> m_sandbox;
+  std::unique_ptr<FakePanels> m_panels;
+  std::unique_ptr<ClaimedNames> m_claimed;
+  std::unique_ptr<DestinationFolders> m_folders;
+  std::unique_ptr<DestinationRoad> m_road;
+  QList<std::optional<Destination>> m_answers;
+};
+
+void TestDestinationRoadFolders::intoAFolder() {
+  for (const QString &name : {u"one"_s, u"two"_s})
+    QCOMPARE(m_folders->add(folder(name)), DestinationFolders::Addition::added);
+  (void)file(u"two/Film.m4v"_s);
+  choose(4, file(u"Film.mkv"_s));
+  QCOMPARE(QFileInfo(chosen()).path(), m_program->path(u"two"_s));
+  QVERIFY(!QFile::exists(chosen()));
+  QCOMPARE(m_answers.first()->securityURL, QUrl::fromLocalFile(m_program->path(u"two"_s)));
+  QVERIFY(!m_answers.first()->replaces);
+}
+
+void TestDestinationRoadFolders::intoAFolderThatIsGone() {
+  QCOMPARE(m_folders->add(folder(u"gone"_s)), DestinationFolders::Addition::added);
+  QVERIFY(QDir().rmdir(m_program->path(u"gone"_s)));
+  const QString source = file(u"Film.mkv"_s);
+  QVERIFY_THROWS_EXCEPTION(ostrak::Exception, choose(3, source));
+  QVERIFY(m_answers.isEmpty());
+}
+
+void TestDestinationRoadFolders::separatorsAndCommandChooseNothing_data() {
+  QTest::addColumn<int>("index");
+  QTest::newRow("first separator") << 2;
+  QTest::newRow("second separator") << 4;
+  QTest::newRow("command") << 5;
+  QTest::newRow("beyond") << 6;
+}
+
+void TestDestinationRoadFolders::separatorsAndCommandChooseNothing() {
+  QFETCH(const int, index);
+  QCOMPARE(m_folders->add(folder(u"one"_s)), DestinationFolders::Addition::added);
+  choose(index, file(u"Film.mkv"_s));
+  QVERIFY(choseNothing());
+  QVERIFY(m_panels->asked.isEmpty());
+}
+
+void TestDestinationRoadFolders::addsAFolder_data() {
+  QTest::addColumn<Panels::Over>("over");
+  QTest::newRow("main window") << Panels::Over::MainWindow;
+  QTest::newRow("preferences") << Panels::Over::Preferences;
+}
+
+void TestDestinationRoadFolders::addsAFolder() {
+  QFETCH(const Panels::Over, over);
+  QList<Panels::Over> added;
+  connect(m_road.get(), &DestinationRoad::folderAdded, this,
+          [&added](Panels::Over window) { added.append(window); });
+  QSignalSpy refused(m_road.get(), &DestinationRoad::duplicateRefused);
+  m_road->chooseNewDestination(over);
+  QCOMPARE(m_panels->asked.last().over, over);
+  QVERIFY(m_panels->reply(folder(u"one"_s)));
+  QCOMPARE(added, QList{over});
+  m_road->chooseNewDestination(over);
+  QVERIFY(m_panels->reply(m_program->path(u"one"_s)));
+  QCOMPARE(refused.size(), 1);
+  QCOMPARE(added.size(), 1);
+  QTRY_COMPARE(told().size(), 1);
+  QCOMPARE(told().first().message,
+           u"This destination is already bookmarked. You can not add it again."_s);
+  QCOMPARE(told().first().buttons, QStringList{u"D'oh"_s});
+}
+
+void TestDestinationRoadFolders::cancelledAdditionChangesNothing() {
+  QSignalSpy changed(m_folders.get(), &DestinationFolders::changed);
+  m_road->chooseNewDestination(Panels::Over::MainWindow);
+  QVERIFY(m_panels->reply({}));
+  QCOMPARE(changed.size(), 0);
+  QVERIFY(m_folders->names().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestDestinationRoadFolders)
+#include "tst_destinationroadfolders.moc"
