@@ -56,6 +56,7 @@ WindowProgram::WindowProgram(AppServices app, const DesktopServices &desktop, QO
   m_consent.setSingleShot(true);
   m_consent.setInterval(consentHolds);
   ostrak::setAlertPresenter(&m_presenter);
+  ostrak::setPatiencePresenter(&m_patience);
 }
 
 WindowProgram::~WindowProgram() {
@@ -63,6 +64,7 @@ WindowProgram::~WindowProgram() {
   m_notifier.setActivated({});
   m_desktop.singleInstance.setHandler({});
   m_app.applicationWillTerminate();
+  ostrak::setPatiencePresenter(nullptr);
   ostrak::setAlertPresenter(nullptr);
 }
 
@@ -73,6 +75,7 @@ bool WindowProgram::open(const QStringList &paths) {
   tellAboutStore();
   m_window = MainWindow::load({m_app, m_folders, m_road, m_panels, m_binder});
   if (!m_window) return false;
+  m_patience.setMainWindow(m_window.get());
   connect(m_window.get(), &MainWindow::quitWanted, this, &WindowProgram::quit);
   connect(m_window.get(), &MainWindow::documentationWanted, &m_auxiliary,
           &AuxiliaryWindows::openDocumentationWindow);

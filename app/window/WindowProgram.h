@@ -15,6 +15,7 @@
 #include "SettingBinder.h"
 #include "VKRatingWindowController.h"
 #include "WindowPanels.h"
+#include "WindowPatience.h"
 
 class LauncherProgress;
 class SingleInstance;
@@ -72,6 +73,7 @@ class WindowProgram final : public QObject {
   FileRevealer &m_revealer;
   DestinationFolders m_folders;
   WindowPanels m_panels;
+  WindowPatience m_patience;
   DestinationRoad m_road;
   std::function<void()> m_endLoop;
   AppDelegate m_app;
