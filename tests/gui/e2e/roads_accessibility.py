@@ -117,6 +117,8 @@ class Accessibility(WindowCase):
     def test_by_keyboard_alone(self):
         self.program.scenario(HALFWAY)
         self.program.movie("one.mkv")
+        # The panel opens among the films of the account.
+        (self.program.home / "Videos").symlink_to(self.program.movies)
         screen = self.open()
         screen.press("ctrl+o")
         dialog = screen.find("dialog", ".+")
