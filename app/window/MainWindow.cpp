@@ -168,9 +168,9 @@ void MainWindow::connectMenus() {
   };
   for (const Link &link : links) {
     QAction &entry = action(QString::fromLatin1(link.name));
-    entry.setData(static_cast<int>(link.choice));
+    entry.setProperty("tag", static_cast<int>(link.choice));
     entry.setEnabled(!tk->infoValue(QString::fromLatin1(link.key)).isNull());
-    connect(&entry, &QAction::triggered, this, [&entry] { tk->openURL(entry.data().toInt()); });
+    connect(&entry, &QAction::triggered, this, [&app, &entry] { app.openURL(entry); });
   }
 }
 

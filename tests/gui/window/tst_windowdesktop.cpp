@@ -168,7 +168,7 @@ void TestWindowDesktop::links() {
   m_b->program.setInfo(u"MacupdateProductPage"_s, u"https://decant.example/rate"_s);
   m_b->program.restart();
   QVERIFY(m_b->open());
-  QTEST(action(name).data().toInt(), "tag");
+  QTEST(action(name).property("tag").toInt(), "tag");
   QVERIFY(m_b->trigger(name));
   const QList<QUrl> &opened = m_b->program.opener().opened;
   QTRY_COMPARE(opened.size(), 1);
