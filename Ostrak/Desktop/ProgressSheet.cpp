@@ -33,7 +33,8 @@ ProgressSheet::ProgressSheet(QWidget &window)
   setWindowModality(Qt::WindowModal);
 
   QFont bold = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  bold.setPointSize(titlePoints);
+  // No smaller than what someone has set for all programs.
+  bold.setPointSizeF(qMax(double{titlePoints}, bold.pointSizeF()));
   bold.setBold(true);
   m_title->setObjectName(u"progressTitle"_s);
   m_title->setTextFormat(Qt::PlainText);
