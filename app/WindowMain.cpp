@@ -21,6 +21,7 @@
 #include "RealKeyboardModifiers.h"
 #include "RealLauncherProgress.h"
 #include "RealNotifier.h"
+#include "RealProgramLauncher.h"
 #include "RealSandbox.h"
 #include "RealSingleInstance.h"
 #include "RealUrlOpener.h"
@@ -95,6 +96,7 @@ struct SessionServices {
   RealNotifier notifier;
   RealLauncherProgress launcher;
   RealSingleInstance instance;
+  RealProgramLauncher programs;
 };
 
 // The first instance may end while it is asked, and then this one takes its place; one that hangs
@@ -119,7 +121,7 @@ int runProgram(ProcessServices &services, SessionServices &session, const GivenF
   decant::WindowProgram program(
       {jobs, services.trashCan, decant::preferredLanguages3Letter(languages),
        [] { QCoreApplication::exit(); }},
-      {session.instance, session.launcher});
+      {session.instance, session.launcher, session.programs});
   decant::SignalWatcher signalWatcher;
   QObject::connect(&signalWatcher, &decant::SignalWatcher::interrupted, &program,
                    &decant::WindowProgram::quitAtOnce);

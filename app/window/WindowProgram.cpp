@@ -84,6 +84,7 @@ bool WindowProgram::open(const QStringList &paths) {
   connect(&m_app, &AppDelegate::feedbackRequested, this, &WindowProgram::showFeedback);
   connect(&m_app, &AppDelegate::terminationRequested, this, &WindowProgram::quit);
   connectDesktop();
+  watchForMove();
   m_window->show();
   if (!paths.isEmpty()) m_app.intake().openFiles(paths);
   return true;
@@ -230,10 +231,28 @@ void WindowProgram::endWhenQuiet() {
 }
 
 bool WindowProgram::quit() {
-  if (m_quitting) return false;
-  if (!m_consent.isActive() && !m_app.applicationShouldTerminate()) return false;
+  if (!mayQuit()) return false;
   quitAtOnce();
   return true;
+}
+
+// While the question is up, a signal may have ended the program.
+bool WindowProgram::mayQuit() {
+  if (m_quitting) return false;
+  return m_consent.isActive() || (m_app.applicationShouldTerminate() && !m_quitting);
+}
+
+void WindowProgram::watchForMove() {
+  const auto mayRestart = [this] {
+    if (!mayQuit()) return false;
+    // The new instance reads them before this one has ended.
+    m_window->keepGeometry();
+    ostrak::tk->userDefaults().synchronize();
+    return true;
+  };
+  m_appMovedHandler = ostrak::VKAppMovedHandler::startMoveObservation(
+      {ostrak::tk->setup().bundlePath + u"/decant"_s, m_desktop.singleInstance, m_desktop.programs,
+       mayRestart, [this] { quitAtOnce(); }});
 }
 
 }  // namespace decant

@@ -13,11 +13,13 @@
 #include "DestinationRoad.h"
 #include "MainWindow.h"
 #include "SettingBinder.h"
+#include "VKAppMovedHandler.h"
 #include "VKRatingWindowController.h"
 #include "WindowPanels.h"
 #include "WindowPatience.h"
 
 class LauncherProgress;
+class ProgramLauncher;
 class SingleInstance;
 
 namespace decant {
@@ -27,6 +29,7 @@ namespace decant {
 struct DesktopServices {
   SingleInstance &singleInstance;
   LauncherProgress &launcher;
+  ProgramLauncher &programs;
 };
 
 // The program with its window: makes the controller and the window, and connects them with the
@@ -64,6 +67,8 @@ class WindowProgram final : public QObject {
   void showFeedback(const QString &text);
   void feedbackClosed();
   void showLauncherProgress();
+  void watchForMove();
+  [[nodiscard]] bool mayQuit();
   void endSoon();
   void endWhenQuiet();
 
@@ -81,6 +86,7 @@ class WindowProgram final : public QObject {
   std::unique_ptr<MainWindow> m_window;
   AuxiliaryWindows m_auxiliary;
   std::unique_ptr<ostrak::VKRatingWindowController> m_ratingWindowController;
+  std::unique_ptr<ostrak::VKAppMovedHandler> m_appMovedHandler;
   QTimer m_consent;  // runs while a consent to end holds
   bool m_quitting = false;
 };

@@ -39,7 +39,8 @@ WindowBench::~WindowBench() {
 }
 
 bool WindowBench::open(const QStringList &paths) {
-  m_desktop = std::make_unique<WindowProgram>(services(), DesktopServices{instance, launcher});
+  m_desktop =
+      std::make_unique<WindowProgram>(services(), DesktopServices{instance, launcher, programs});
   ostrak::setAlertPresenter(&program.presenter());
   return m_desktop->open(paths) && QTest::qWaitForWindowActive(&window());
 }

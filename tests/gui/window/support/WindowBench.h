@@ -8,6 +8,7 @@
 #include "FileRevealer.h"
 #include "LauncherProgress.h"
 #include "Notifier.h"
+#include "ProgramLauncher.h"
 #include "Sandbox.h"
 #include "Scenario.h"
 #include "ScratchProgram.h"
@@ -96,6 +97,7 @@ class WindowBench final {
   RecordingFileRevealer revealer;
   RecordingLauncherProgress launcher;
   RecordingSingleInstance instance;
+  RecordingProgramLauncher programs;
   FakeVolumes volumes;
   SystemClock clock;
   FakeSandbox sandbox;
