@@ -48,7 +48,7 @@ bool isBlank(const QString &html) {
 PageBrowser::PageBrowser(QWidget *parent) : QTextBrowser(parent) {
   setOpenLinks(false);
   setUndoRedoEnabled(false);
-  document()->setDocumentMargin(16);
+  document()->setDocumentMargin(24);
   connect(this, &QTextBrowser::anchorClicked, this, &PageBrowser::followLink);
 }
 

@@ -29,6 +29,10 @@ void logOnce(const QString &why) {
   tk_log_level(4, u"Warning: pages are shown in a text view because the web engine %@"_s, why);
 }
 
+bool isDark(const QColor &paper) {
+  return paper.lightness() < 128;
+}
+
 struct FoundEngine {
   WebEngine *engine = nullptr;
   QString problem;
@@ -97,15 +101,16 @@ void VKWebView::load() {
 
 void VKWebView::loadLocal() {
   if (!m_engine || m_local.isEmpty()) return;
-  m_comingLocal =
-      m_engine->makePage({tk->resDir(), m_scrolls, palette().color(QPalette::Base)}, *this);
+  const QColor paper = palette().color(QPalette::Base);
+  m_comingLocal = m_engine->makePage({tk->resDir(), m_scrolls, paper, isDark(paper)}, *this);
   m_comingLocal->load(m_local);
   m_localPatience.start();
 }
 
 void VKWebView::loadRemote() {
   if (!m_engine || m_remote.isEmpty()) return;
-  m_comingRemote = m_engine->makePage({{}, m_scrolls, Qt::white}, *this);
+  m_comingRemote = m_engine->makePage(
+      {{}, m_scrolls, Qt::white, isDark(palette().color(QPalette::Base))}, *this);
   m_comingRemote->load(m_remote);
   m_remotePatience.start();
 }
@@ -177,7 +182,7 @@ void VKWebView::giveUpEngine(const QString &why) {
   m_comingRemote.reset();
   m_shown.reset();
   showText();
-  m_zoomFactor.reset();
+  if (changesZoom(m_zoomFactor)) m_zoomFactor.reset();
 }
 
 void VKWebView::showText() {

@@ -37,6 +37,8 @@ struct WebPageSetup {
   QString folder;
   bool scrolls = true;
   QColor background;  // until the page has one
+  // What pages learn of the desktop's colours; that of the first page holds for all.
+  bool prefersDark = false;
 };
 
 class WebPage {

@@ -22,6 +22,7 @@ namespace ostrak {
 namespace {
 
 constexpr auto noSandbox = "QTWEBENGINE_DISABLE_SANDBOX";
+constexpr auto engineFlags = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 QString fileFor(const char *variable, QLibraryInfo::LibraryPath usual, const QString &name) {
   const QString named = qEnvironmentVariable(variable);
@@ -42,6 +43,37 @@ bool mayMakeNamespaces() {
     if (errno != EINTR) return false;
   return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
+
+// The engine reads its environment with the first page; the program's other children need not see
+// what is meant for it.
+class EngineEnvironment final {
+ public:
+  explicit EngineEnvironment(bool prefersDark) {
+    // The engine refuses to lock pages up for root.
+    if (runsAsRoot() && !qEnvironmentVariableIsSet(noSandbox)) set(noSandbox, "1");
+    // It does not look at the desktop's colours by itself.
+    if (prefersDark)
+      set(engineFlags, qgetenv(engineFlags) + " --blink-settings=preferredColorScheme=0");
+  }
+  ~EngineEnvironment() {
+    for (const auto &[name, value] : m_before) {
+      if (value.isNull())
+        qunsetenv(name);
+      else
+        qputenv(name, value);
+    }
+  }
+  EngineEnvironment(const EngineEnvironment &) = delete;
+  EngineEnvironment &operator=(const EngineEnvironment &) = delete;
+
+ private:
+  void set(const char *name, const QByteArray &value) {
+    m_before.append({name, qgetenv(name)});
+    qputenv(name, value);
+  }
+
+  QList<std::pair<const char *, QByteArray>> m_before;
+};
 
 QString findProblem() {
   const QString process = fileFor("QTWEBENGINEPROCESS_PATH", QLibraryInfo::LibraryExecutablesPath,
@@ -84,13 +116,8 @@ QString RealWebEngine::problem() const {
 
 std::unique_ptr<WebPage> RealWebEngine::makePage(const WebPageSetup &setup, WebPageOwner &owner) {
   prepare();
-  // The engine refuses to lock its pages up for root. It reads this with the first page, and the
-  // program's other children need not see it.
-  const bool unlocks = runsAsRoot() && qEnvironmentVariableIsEmpty(noSandbox);
-  if (unlocks) qputenv(noSandbox, "1");
-  auto page = std::make_unique<RealWebPage>(setup, owner);
-  if (unlocks) qunsetenv(noSandbox);
-  return page;
+  const EngineEnvironment environment(setup.prefersDark);
+  return std::make_unique<RealWebPage>(setup, owner);
 }
 
 }  // namespace ostrak

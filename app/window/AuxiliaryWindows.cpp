@@ -1,14 +1,62 @@
 #include "AuxiliaryWindows.h"
 
+#include <QAbstractButton>
+#include <QLabel>
+#include <QShortcut>
 #include <QTabWidget>
 
+#include "Documents.h"
 #include "InterfaceFile.h"
 #include "MissingForm.h"
+#include "Ostrak.h"
+#include "VKRTFView.h"
+#include "VKWebView.h"
 #include "ViewSearch.h"
+#include "WindowTexts.h"
 
 using namespace Qt::StringLiterals;
+using ostrak::tk;
 
 namespace decant {
+
+namespace {
+
+QWidget *makeView(const QString &className, QWidget *parent) {
+  if (className == "VKWebView"_L1) return new ostrak::VKWebView(parent);
+  if (className == "VKRTFView"_L1) return new ostrak::VKRTFView(parent);
+  return nullptr;
+}
+
+// The forms name documents; which language they are in is known here.
+void chooseDocuments(const QWidget &window) {
+  for (auto *view : window.findChildren<ostrak::VKWebView *>())
+    view->setLocalHTMLName(documentName(view->localHTMLName()));
+  for (auto *view : window.findChildren<ostrak::VKRTFView *>())
+    view->setLocalRTFName(documentName(view->localRTFName()));
+}
+
+// A button whose key the bundle does not have would lead nowhere and is not shown.
+void connectLinks(QWidget &window) {
+  struct Link {
+    const char *button;
+    ostrak::Ostrak::UrlChoice choice;
+    const char *key;
+  };
+  static constexpr Link links[] = {
+      {"supportButton", ostrak::Ostrak::openSupportRequestMail, "FeedbackEmail"},
+      {"homepageButton", ostrak::Ostrak::openHomepageWebsite, "VendorProductPage"},
+      {"storeButton", ostrak::Ostrak::openAppStoreWebsite, "StoreProductPage"},
+      {"rateButton", ostrak::Ostrak::openMacupdateWebsite, "MacupdateProductPage"},
+  };
+  for (const Link &link : links) {
+    auto &button = ostrak::outlet<QAbstractButton>(window, QString::fromLatin1(link.button));
+    button.setHidden(tk->infoValue(QString::fromLatin1(link.key)).isNull());
+    QObject::connect(&button, &QAbstractButton::clicked, &button,
+                     [choice = link.choice] { tk->openURL(choice); });
+  }
+}
+
+}  // namespace
 
 AuxiliaryWindows::AuxiliaryWindows(QObject *parent) : QObject(parent) {}
 
@@ -18,14 +66,23 @@ AuxiliaryWindows::~AuxiliaryWindows() {
 }
 
 void AuxiliaryWindows::openDocumentationWindow(int tag) {
+  const bool isNew = !m_documentationWindow;
   openWindow(m_documentationWindow, u"DocumentationWindow"_s);
-  if (tag < 0 || !m_documentationWindow) return;
-  if (auto *tabs = ostrak::viewWithClass<QTabWidget>(*m_documentationWindow))
-    tabs->setCurrentIndex(tag);
+  if (!m_documentationWindow) return;
+  auto *tabs = ostrak::viewWithClass<QTabWidget>(*m_documentationWindow);
+  if (!tabs) return;
+  if (tag >= 0) tabs->setCurrentIndex(tag);
+  // So that the keys lead through the tabs at once.
+  if (isNew) tabs->setFocus();
 }
 
 void AuxiliaryWindows::openPromotion() {
+  const bool isNew = !m_promotionWindow;
   openWindow(m_promotionWindow, u"PromotionWindow"_s);
+  if (!isNew || !m_promotionWindow) return;
+  connectLinks(*m_promotionWindow);
+  ostrak::outlet<QLabel>(*m_promotionWindow, u"versionLabel"_s)
+      .setText(versionText() + u"   "_s + buildText());
 }
 
 void AuxiliaryWindows::closeAll() {
@@ -35,12 +92,15 @@ void AuxiliaryWindows::closeAll() {
 
 void AuxiliaryWindows::openWindow(QPointer<QWidget> &window, const QString &nibName) {
   if (!window) {
-    window = ostrak::loadInterface(nibName);
+    window = ostrak::loadInterface(nibName, nullptr, makeView);
     if (!window) {
       tellFormMissing(nibName);
       return;
     }
     window->setAttribute(Qt::WA_DeleteOnClose);
+    chooseDocuments(*window);
+    const auto *close = new QShortcut(QKeySequence::Close, window);
+    connect(close, &QShortcut::activated, window, &QWidget::close);
   }
   window->show();
   window->raise();

@@ -122,7 +122,7 @@ class TestWebViewText final : public QObject {
     QTRY_VERIFY(bar->maximum() > 0);
     QTest::keyClick(view->textView(), Qt::Key_PageDown);
     QTEST(bar->value() > 0, "scrolls");
-    QCOMPARE(view->zoomFactor().has_value(), false);
+    QCOMPARE(view->zoomFactor().has_value(), factor == QVariant(1.00005));
   }
 
   void tellsWhatCannotBeRead() {
