@@ -1,6 +1,6 @@
 // Windows that the program does not show by itself in a test's time: `sidewindows BUNDLE KIND` with
 // KIND "feedback", as a caller that forces it gets it, or "progress", a sheet over a window. It
-// says on standard output what is opened and when the window closes, and ends then.
+// says on standard output what is opened and when the window closes, and runs until it is ended.
 #include <QApplication>
 #include <QFile>
 #include <QJsonDocument>
@@ -66,7 +66,8 @@ int showProgress() {
 }  // namespace
 
 int main(int argc, char **argv) {
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
   if (argc != 3) return 2;
   ostrak::OstrakSetup setup = ostrak::OstrakSetup::ofProcess();
   setup.bundlePath = QString::fromLocal8Bit(argv[1]);
