@@ -17,6 +17,8 @@ class TestWindowMoved final : public QObject {
     failOnWindowWarning();
     m_b = std::make_unique<WindowBench>();
     QVERIFY(m_b->instance.claim());
+    m_b->scenario.conversion(u"still.mkv"_s).progressAt(10).announce(u"running"_s).hang();
+    QVERIFY(m_b->scenario.write());
     QVERIFY(m_b->open());
   }
   void cleanup() { m_b.reset(); }
@@ -59,8 +61,8 @@ void TestWindowMoved::asksWhileAJobConverts_data() {
 void TestWindowMoved::asksWhileAJobConverts() {
   QFETCH(const int, answer);
   const bool quits = answer == ostrak::firstButton;
-  QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
-  // It writes into the bundle until then.
+  QVERIFY(m_b->queueUp({u"still.mkv"_s}));
+  // The stand-in needs the bundle's folder until then.
   QTRY_VERIFY_WITH_TIMEOUT(m_b->scenario.announced(u"running"_s), 30'000);
   m_b->program.presenter().answer(ostrak::firstButton);
   m_b->program.presenter().answer(answer);
@@ -75,8 +77,8 @@ void TestWindowMoved::asksWhileAJobConverts() {
 }
 
 void TestWindowMoved::endsByASignalWhileItAsks() {
-  QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
-  // It writes into the bundle until then.
+  QVERIFY(m_b->queueUp({u"still.mkv"_s}));
+  // The stand-in needs the bundle's folder until then.
   QTRY_VERIFY_WITH_TIMEOUT(m_b->scenario.announced(u"running"_s), 30'000);
   m_b->program.presenter().setWhileShown([this](const ostrak::Alert &alert) {
     if (alert.buttons.size() == 2) m_b->desktop().quitAtOnce();
