@@ -140,7 +140,11 @@ Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
   {
     const QScopedValueRollback admitting(m_admitting, true);
     m_claimed.claim(files);
+    m_claimants.insert(job.get());
     m_gate.jobAdded(*job, files.source);
+    if (files.source) m_disposal.keep(*files.source);
+    // An earlier success asked for the end; this job's own will ask again.
+    m_quitWanted = false;
     const bool atBottom = settingBool("InsertJobsAtBottom");
     if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 && !filesWait) {
       tried = job.get();
@@ -177,12 +181,12 @@ bool AppDelegate::addAutomatically() {
 void AppDelegate::recordShown() {
   Q_EMIT rebuildDestinationPopUp();
   if (settingBool("AutoAdd") && addAutomatically()) return;
-  if (m_intake.importFiles().isEmpty()) m_queue.startNextJobInQueue();
+  if (m_intake.importFiles().isEmpty()) m_queue.startNextQueuedJob();
 }
 
 void AppDelegate::intakeDrained() {
   if (m_admitting) return;
-  m_queue.startNextJobInQueue();
+  m_queue.startNextQueuedJob();
   quitWhenIdle();
 }
 
@@ -233,10 +237,15 @@ void AppDelegate::pauseContinueClicked(bool sender) {
 }
 
 void AppDelegate::removeJob(ConversionJob &job) {
-  m_claimed.release(destinationPath(job));
+  releaseNames(job);
   m_gate.jobLeft(job);
   m_queue.take(job);
   checkDisposals();
+}
+
+// Once: another job may have claimed the same names since.
+void AppDelegate::releaseNames(const ConversionJob &job) {
+  if (m_claimants.erase(&job) > 0) m_claimed.release(destinationPath(job));
 }
 
 int AppDelegate::jobCountWithState(JobState state) const {
@@ -297,6 +306,8 @@ void AppDelegate::disposeOfSource(const ConversionJob &job, bool deleteOutright)
 void AppDelegate::jobStateChanged(ConversionJob &job, JobState before) {
   m_queue.stateChanged(job, before);
   if (isEnd(before) || !isEnd(job.state())) return;
+  // What comes of the source, where it is to go, stands in the output until that has been seen.
+  if (!completionSettings().AutoRemove) releaseNames(job);
   m_gate.jobEnded(job, job.state() == JobStateFailed);
   checkDisposals();
 }

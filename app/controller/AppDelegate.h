@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 
 #include "Admission.h"
 #include "ConversionJob.h"
@@ -108,12 +109,14 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void recordShown();
   [[nodiscard]] bool addAutomatically();
   void intakeDrained();
+  void releaseNames(const ConversionJob &job);
   void checkDisposals();
   void disposeOfReady();
   void quitWhenIdle();
 
   AppServices m_services;
   ClaimedNames m_claimed;
+  std::unordered_set<const ConversionJob *> m_claimants;  // whose names are in m_claimed
   DisposalGate m_gate;
   SourceDisposal m_disposal;
   Intake m_intake;

@@ -121,6 +121,10 @@ void JobQueue::startNextJobInQueue(const ConversionJob *alreadyTried) {
   } while (m_askedAgain && tried.size() > triedBefore);
 }
 
+void JobQueue::startNextQueuedJob() {
+  if (jobCountWithState(JobStatePaused) == 0) startNextJobInQueue();
+}
+
 void JobQueue::tryRunnable(std::unordered_set<Number> &tried) {
   Number last = std::numeric_limits<Number>::min();
   while (mayStart()) {

@@ -49,6 +49,9 @@ class JobQueue final : public QObject {
   // queued job in list order; one that does not launch is passed over and the next is tried, each
   // once. A job that has been tried for this event already is left out.
   void startNextJobInQueue(const ConversionJob *alreadyTried = nullptr);
+  // The same after an event that is nobody's wish to go on: a job that was paused by itself stays
+  // so, and none is started beside it.
+  void startNextQueuedJob();
   // Lifts or sets the paused mark, without touching jobs.
   void setPaused(bool paused);
   // Pauses every converting job.

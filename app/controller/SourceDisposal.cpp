@@ -31,6 +31,8 @@ namespace {
 using ostrak::localized;
 using ostrak::makeString;
 
+const QString readAgain = u"it is to be converted once more"_s;
+
 QString systemError() {
   return QString::fromLocal8Bit(std::strerror(errno));
 }
@@ -77,6 +79,10 @@ QString whyNot(const QString &source, const std::optional<ostrak::FileIdentity> 
   return {};
 }
 
+void logKept(const DisposalRequest &request, const QString &why) {
+  ostrak::tk_log_level(4, u"Warning: the source %@ stays: %@"_s, request.source, why);
+}
+
 QString deleteFile(const QString &path) {
   return ::unlink(ostrak::nativePath(path).constData()) == 0 ? QString() : systemError();
 }
@@ -106,11 +112,18 @@ class SourceDisposal::Work final {
     const QMutexLocker locker(&m_mutex);
     return m_left;
   }
-  // Worker: whether the source may be moved now.
-  [[nodiscard]] bool beginMove() {
+  // Worker: null when the source may be moved now.
+  [[nodiscard]] QString beginMove() {
     const QMutexLocker locker(&m_mutex);
-    m_moving = !m_left;
-    return m_moving;
+    if (m_left) return u"the program ends"_s;
+    if (m_kept) return readAgain;
+    m_moving = true;
+    return {};
+  }
+  // Disposal: the source is to stay.
+  void keep() {
+    const QMutexLocker locker(&m_mutex);
+    m_kept = true;
   }
   // Disposal: leaves. False while a source is being moved.
   [[nodiscard]] bool leave() {
@@ -122,6 +135,7 @@ class SourceDisposal::Work final {
  private:
   mutable QMutex m_mutex;
   bool m_left = false;
+  bool m_kept = false;
   bool m_moving = false;
 };
 
@@ -131,13 +145,12 @@ QString SourceDisposal::checkAndDispose(const DisposalRequest &request, TrashCan
   const auto duration = [&work](const QUrl &file) {
     return work.isLeft() ? qint32{-1} : durationOfFile(file);
   };
-  const QString whyKept = whyKeepSource(request, duration);
-  if (work.isLeft()) return whyKept;
+  QString whyKept = whyKeepSource(request, duration);
+  if (whyKept.isNull()) whyKept = work.beginMove();
   if (!whyKept.isNull()) {
-    ostrak::tk_log_level(4, u"Warning: the source %@ stays: %@"_s, request.source, whyKept);
+    if (!work.isLeft()) logKept(request, whyKept);
     return whyKept;
   }
-  if (!work.beginMove()) return u"the program ends"_s;
   const QString failure =
       request.deleteOutright ? deleteFile(request.source) : trashCan.moveToTrash(request.source);
   if (failure.isNull() || work.isLeft()) return failure;
@@ -194,9 +207,20 @@ void SourceDisposal::dispose(const DisposalRequest &request) {
   if (!m_running) next();
 }
 
+void SourceDisposal::keep(const ostrak::FileIdentity &source) {
+  if (m_running && m_source == source) m_work->keep();
+  const auto isOfSource = [&source](const DisposalRequest &request) {
+    return request.identity == source;
+  };
+  for (const DisposalRequest &request : std::as_const(m_waiting))
+    if (isOfSource(request)) logKept(request, readAgain);
+  m_waiting.removeIf(isOfSource);
+}
+
 void SourceDisposal::next() {
   const DisposalRequest request = m_waiting.takeFirst();
   m_running = true;
+  m_source = request.identity;
   m_work = std::make_shared<Work>();
   ostrak::dispatch_async_back([request, &trashCan = m_trashCan, work = m_work,
                                ticket = std::make_shared<Ticket>(m_finished),

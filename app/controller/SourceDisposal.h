@@ -41,6 +41,9 @@ class SourceDisposal final : public QObject {
   ~SourceDisposal() override;
 
   void dispose(const DisposalRequest &request);
+  // A job will read this source once more: a wish for it that waits, or whose checks are under way,
+  // is dropped. A move that has begun is not stopped.
+  void keep(const ostrak::FileIdentity &source);
   [[nodiscard]] bool isIdle() const { return m_waiting.isEmpty() && !m_running; }
 
  Q_SIGNALS:
@@ -57,7 +60,8 @@ class SourceDisposal final : public QObject {
   TrashCan &m_trashCan;
   QList<DisposalRequest> m_waiting;
   std::shared_ptr<QSemaphore> m_finished;
-  std::shared_ptr<Work> m_work;  // on the request that runs
+  std::shared_ptr<Work> m_work;                  // on the request that runs
+  std::optional<ostrak::FileIdentity> m_source;  // of that request
   bool m_running = false;
 };
 

@@ -1,6 +1,12 @@
 #include <unistd.h>
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"
@@ -37,6 +43,8 @@ class TestDisposal final : public QObject {
   void oneFailureKeepsTheSource_data();
   void oneFailureKeepsTheSource();
   void successAfterALaterAdditionLetsTheSourceGo();
+  void sourceThatIsAddedAgainStays_data();
+  void sourceThatIsAddedAgainStays();
   void everyOutputIsLookedAt();
   void replacedSourceIsKept();
   void quitWaitsForTheDisposal();
@@ -203,6 +211,40 @@ void TestDisposal::successAfterALaterAdditionLetsTheSourceGo() {
   add(source, u"second.m4v"_s);
   settle();
   QCOMPARE(m_p->trashCan.trashed, QStringList(source));
+}
+
+void TestDisposal::sourceThatIsAddedAgainStays_data() {
+  QTest::addColumn<bool>("waits");
+  QTest::newRow("while it is looked at") << false;
+  QTest::newRow("while it waits") << true;
+}
+
+// The checks of a success can take long; meanwhile the user queues the movie once more.
+void TestDisposal::sourceThatIsAddedAgainStays() {
+  QFETCH(bool, waits);
+  Scenario slow(m_p->scenario.path());
+  slow.conversion(u"slow.mkv"_s).announce(u"running"_s).wait(u"go"_s);
+  slow.probe().announce(u"asked"_s).wait(u"answer"_s).defaultReport();
+  QVERIFY(slow.write());
+  if (waits) {
+    m_p->add(u"other.mkv"_s);
+    QTRY_VERIFY(slow.announced(u"asked"_s));
+  }
+  const QString source = m_p->movie(u"1.mkv"_s);
+  add(source, u"first.m4v"_s);
+  QTRY_COMPARE(m_p->count(JobStateFinished), waits ? 2 : 1);
+  QCoreApplication::processEvents();
+  QTRY_VERIFY(slow.announced(u"asked"_s));
+  ConversionJob *const again = m_p->add(u"2slow.mkv"_s);
+  QVERIFY(again);
+  QVERIFY(add(source, u"second.m4v"_s));
+  QVERIFY(slow.release(u"answer"_s));
+  QTRY_VERIFY(m_p->controller->disposal().isIdle());
+  QVERIFY(!m_p->trashCan.trashed.contains(source));
+  m_p->letGo();
+  settle();
+  // The second success lets it go.
+  QVERIFY(m_p->trashCan.trashed.contains(source));
 }
 
 void TestDisposal::everyOutputIsLookedAt() {

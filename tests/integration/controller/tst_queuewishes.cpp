@@ -1,0 +1,136 @@
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QUrl>
+
+#include "ControllerProgram.h"
+#include "Defaults.h"
+
+using namespace Qt::StringLiterals;
+using namespace decant;
+
+// What the user wanted of one job or of the queue outlasts what happens beside it, and not longer.
+class TestQueueWishes final : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    m_p = std::make_unique<ControllerProgram>();
+  }
+  void cleanup() { m_p.reset(); }
+
+  void aPausedJobStaysPausedWhenAFileIsShown();
+  void aPausedJobStaysPausedWhenAFileIsSkipped();
+  void aPausedJobStaysPausedWhenAFileIsRefused();
+  void quitIsForgottenWithANewJob();
+  void namesAreFreeAgainAfterTheEnd_data();
+  void namesAreFreeAgainAfterTheEnd();
+  void sourcesAreFreeAgainAfterTheEnd();
+  void anEndedJobReleasesOnce();
+
+ private:
+  // A job that was paused by itself; the queue goes on.
+  const ConversionJob *pausedJob() {
+    ConversionJob *const job = m_p->add(u"1slow.mkv"_s);
+    m_p->add(u"2.mkv"_s);
+    job->pause();
+    return job;
+  }
+  void show(const QString &name) {
+    m_p->intake().openFiles({m_p->movie(name)});
+    QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
+  }
+  // As after an agreement to replace what is there, which holds for what no job has claimed.
+  bool addReplacing(const QString &source, const QString &destination) {
+    const QString target = m_p->path(destination);
+    const ClaimedNames &claimed = m_p->controller->claimedNames();
+    if (!claimed.isClaimed(target) && !claimed.isSource(target)) QFile::remove(target);
+    auto job = m_p->job(m_p->movie(source), target);
+    job->setReplacesDestination(true);
+    return m_p->controller->addJob(std::move(job)) == AppDelegate::Admission::added;
+  }
+  void settle() { QTRY_COMPARE(m_p->count(JobStateQueued) + m_p->count(JobStateConverting), 0); }
+
+  std::unique_ptr<ControllerProgram> m_p;
+};
+
+void TestQueueWishes::aPausedJobStaysPausedWhenAFileIsShown() {
+  const ConversionJob *const job = pausedJob();
+  show(u"3.mkv"_s);
+  QCOMPARE(job->state(), JobStatePaused);
+  QCOMPARE(m_p->count(JobStateConverting), 0);
+}
+
+void TestQueueWishes::aPausedJobStaysPausedWhenAFileIsSkipped() {
+  const ConversionJob *const job = pausedJob();
+  show(u"3.mkv"_s);
+  m_p->intake().cancelAdd();
+  QVERIFY(m_p->intake().isIdle());
+  QCOMPARE(job->state(), JobStatePaused);
+}
+
+void TestQueueWishes::aPausedJobStaysPausedWhenAFileIsRefused() {
+  const ConversionJob *const job = pausedJob();
+  m_p->intake().openFiles({m_p->movie(u"bad.mkv"_s)});
+  QTRY_VERIFY(m_p->intake().isIdle());
+  QCoreApplication::processEvents();
+  QCOMPARE(job->state(), JobStatePaused);
+}
+
+void TestQueueWishes::quitIsForgottenWithANewJob() {
+  ostrak::setDefaultInt(u"QuitAfterConversion"_s, 1);
+  m_p->add(u"1slow.mkv"_s);
+  show(u"2.mkv"_s);
+  m_p->letGo();
+  QTRY_COMPARE(m_p->count(JobStateFinished), 1);
+  QTRY_COMPARE(m_p->notifier.posted.size(), 1);
+  m_p->controller->pauseContinueClicked(true);
+  QVERIFY(m_p->controller->addToQueue());
+  // Something else comes and goes.
+  show(u"3.mkv"_s);
+  m_p->intake().cancelAdd();
+  QCoreApplication::processEvents();
+  QCOMPARE(m_p->quits, 0);
+  m_p->controller->pauseContinueClicked(true);
+  QTRY_COMPARE(m_p->quits, 1);
+}
+
+void TestQueueWishes::namesAreFreeAgainAfterTheEnd_data() {
+  QTest::addColumn<QString>("first");
+  QTest::newRow("success") << u"1.mkv"_s;
+  QTest::newRow("failure") << u"1fail.mkv"_s;
+}
+
+void TestQueueWishes::namesAreFreeAgainAfterTheEnd() {
+  QFETCH(QString, first);
+  QVERIFY(addReplacing(first, u"out.m4v"_s));
+  settle();
+  QVERIFY(addReplacing(u"2.mkv"_s, u"out.m4v"_s));
+  settle();
+  QVERIFY(QFile::exists(m_p->path(u"out.m4v"_s)));
+  QVERIFY(!QFile::exists(m_p->path(u"out-0.m4v"_s)));
+}
+
+void TestQueueWishes::sourcesAreFreeAgainAfterTheEnd() {
+  QVERIFY(addReplacing(u"1.mkv"_s, u"1.m4v"_s));
+  settle();
+  QVERIFY(addReplacing(u"2.mkv"_s, u"1.mkv"_s));
+}
+
+// The name of an ended job can be another one's by the time it leaves the list.
+void TestQueueWishes::anEndedJobReleasesOnce() {
+  QVERIFY(addReplacing(u"1.mkv"_s, u"out.m4v"_s));
+  settle();
+  QVERIFY(addReplacing(u"2slow.mkv"_s, u"out.m4v"_s));
+  m_p->controller->cleanClicked();
+  QVERIFY(m_p->controller->claimedNames().isClaimed(m_p->path(u"out.m4v"_s)));
+  m_p->letGo();
+  settle();
+}
+
+QTEST_GUILESS_MAIN(TestQueueWishes)
+#include "tst_queuewishes.moc"
