@@ -125,13 +125,26 @@ bool beginsLikeReportLine(QStringView trimmedLine) {
   return rest.startsWith(u':') || (!rest.trimmed().isEmpty() && rest.trimmed().front().isDigit());
 }
 
+// 'Stream #0:1', 'Stream #0:1[0x2]', 'Stream #0:1(eng)'; a key of that sort ends in its padding.
+bool endsStreamLabel(QChar last) {
+  return last.isDigit() || last == u']' || last == u')';
+}
+
+// A key that reads 'Duration: …': the tool's own line has other parts and no padding.
+bool isPaddedDuration(QStringView trimmedLine) {
+  return trimmedLine.startsWith(u"Duration: ") && trimmedLine.contains(u" : ") &&
+         !trimmedLine.contains(u", start: ") && !trimmedLine.contains(u"bitrate: ");
+}
+
 }  // namespace
 
 bool isTagLine(QStringView trimmedLine) {
   constexpr qsizetype keyWidth = 16;
-  if (trimmedLine.startsWith(u"Stream #")) return false;
   qsizetype colon = trimmedLine.indexOf(u": ");
+  if (trimmedLine.startsWith(u"Stream #"))
+    return colon > 0 && !endsStreamLabel(trimmedLine[colon - 1]);
   if (colon < 0 && trimmedLine.endsWith(u':')) colon = trimmedLine.size() - 1;
+  if (isPaddedDuration(trimmedLine)) return true;
   return colon == keyWidth || (colon > keyWidth && !beginsLikeReportLine(trimmedLine));
 }
 

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "Exceptions.h"
 #include "Reports.h"
@@ -115,6 +120,9 @@ void TestReportTraps::deceptiveTags_data() {
   QTest::newRow("key with a colon") << u"    x:Stream        : a\u2028Stream"_s;
   QTest::newRow("stream group")
       << u"  Stream group #0:0[0x1]: Tile Grid: hevc, 4032x3024 (default)"_s;
+  QTest::newRow("key is that of a stream") << u"    Stream #0:5=Video: prores, 9x9"_s;
+  QTest::newRow("key is that of a stream, padded") << u"    Stream #0:5     : Video: prores"_s;
+  QTest::newRow("key is that of a duration") << u"    Duration: 1:2:3 : x"_s;
   QTest::newRow("log line") << u"[h264 @ 0x55d6c1d42a80] Stream #0: Video: prores, 1x1"_s;
   QTest::newRow("capitals") << u"      DURATION        : 00:00:01.5"_s;
 }
