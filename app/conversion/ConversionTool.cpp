@@ -41,7 +41,9 @@ bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo, quint64 aud
   const ostrak::ChildResult result =
       ostrak::runChild(conversionTool(toolPath, arguments), output, patience.deadline,
                        patience.delays, patience.interrupted);
-  return result.end == ostrak::ChildResult::End::Exited && needsFixup(output);
+  using End = ostrak::ChildResult::End;
+  // How it ended does not matter, as long as it did by itself.
+  return (result.end == End::Exited || result.end == End::Signalled) && needsFixup(output);
 }
 
 }  // namespace decant

@@ -25,6 +25,7 @@ void openProblemReport(const FailedRun &run, UrlOpener &urlOpener) {
     facts.supportAddress = tk->infoValue(QStringLiteral("FeedbackEmail"));
     facts.appName = tk->appName();
     facts.appVersion = tk->appVersionString();
+    tk->userDefaults().synchronize();
     preferences = tk->prefsPath();
   }
   ostrak::patiently(

@@ -41,6 +41,7 @@ bool isOurs(int file, const QByteArray &name) {
 
 OwnFile claimProgressFile(const QString &fileName, const QString &folder) {
   OwnFile file;
+  (void)QDir().mkpath(folder);
   for (int attempt = 0; attempt < claimAttempts; ++attempt) {
     const QString path = ostrak::uniqueFile(QDir(folder).filePath(progressFileName(fileName)));
     const OwnFile::Creation creation = OwnFile::create(path, file);

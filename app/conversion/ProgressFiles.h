@@ -10,9 +10,9 @@ namespace decant {
 // a lock on it for as long as it lives; so the files of a program that was killed can be told from
 // those of one that runs. Any thread.
 
-// An empty file for a run on `fileName`, the last path component of its source; two programs that
-// convert files of one name at the same time do not share it. Where none can be made it is not
-// there.
+// An empty file for a run on `fileName`, the last path component of its source, in `folder`, which
+// is made if it is missing; two programs that convert files of one name at the same time do not
+// share it. Where none can be made it is not there.
 [[nodiscard]] OwnFile claimProgressFile(const QString &fileName, const QString &folder);
 
 // Deletes the progress files in `folder` that no running program holds. Whatever does not look as

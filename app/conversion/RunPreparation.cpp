@@ -9,6 +9,7 @@
 #include "FreeSpace.h"
 #include "JobController.h"
 #include "Logging.h"
+#include "Ostrak.h"
 #include "ProgressFiles.h"
 #include "Text.h"
 
@@ -79,6 +80,7 @@ bool claimDestination(PreparedRun &run, bool replaces, JobController &ad) {
 }
 
 bool askForFixup(const ConversionPlan &plan, const JobServices &services) {
+  if (!wantsFixupTest(plan.fileInfo, plan.audioTrackIndex, plan.settings)) return false;
   if (services.busy) services.busy(true);
   const auto done = qScopeGuard([&services] {
     if (services.busy) services.busy(false);
@@ -107,6 +109,9 @@ PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobSe
   plan.audioTrackIndex = request.audioTrackIndex;
   plan.settings = request.settings;
   run.progressFile = claimProgressFile(plan.fileInfo.fileName, services.progressFolder);
+  // A run that cannot tell its progress would fail by that alone.
+  if (!run.progressFile.isThere() && ostrak::tk)
+    run.progressFile = claimProgressFile(plan.fileInfo.fileName, ostrak::tk->tempDir());
   plan.progressFile = run.progressFile.path();
   plan.fixup = askForFixup(plan, services);
   run.arguments = completeArguments(plan);

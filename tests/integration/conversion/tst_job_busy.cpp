@@ -11,6 +11,7 @@ class TestJobBusy final : public QObject {
 
  private Q_SLOTS:
   void aroundTheTestOfOneSecond();
+  void notWithoutATest();
   void notWhenThereIsAnObstacle();
 };
 
@@ -27,6 +28,16 @@ void TestJobBusy::aroundTheTestOfOneSecond() {
   QCOMPARE(job.start(), StartOutcome::launched);
   QCOMPARE(steps, QStringList({u"busy"_s, u"done asked"_s}));
   QVERIFY(bench.waitForEnd(job));
+}
+
+void TestJobBusy::notWithoutATest() {
+  JobBench bench;
+  int calls = 0;
+  bench.services.busy = [&](bool) { ++calls; };
+  ConversionJob &job = bench.addJob();
+  QCOMPARE(job.start(), StartOutcome::launched);
+  QVERIFY(bench.waitForEnd(job));
+  QCOMPARE(calls, 0);
 }
 
 void TestJobBusy::notWhenThereIsAnObstacle() {

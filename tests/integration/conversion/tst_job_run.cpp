@@ -1,7 +1,10 @@
+#include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
+#include <csignal>
 
 #include "JobBench.h"
 
@@ -51,16 +54,23 @@ class TestJobRun final : public QObject {
 
   void asksForTheFixupOfCopiedAac_data() {
     QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<bool>("dies");
     QTest::addColumn<bool>("fixup");
-    QTest::newRow("asked for") << QByteArray("use the audio bitstream filter 'aac_adtstoasc'\n")
-                               << true;
-    QTest::newRow("not needed") << QByteArray("all is well\n") << false;
+    const QByteArray wish = "use the audio bitstream filter 'aac_adtstoasc'\n";
+    QTest::newRow("asked for") << wish << false << true;
+    QTest::newRow("asked for by one that crashes") << wish << true << true;
+    QTest::newRow("not needed") << QByteArray("all is well\n") << false << false;
   }
   void asksForTheFixupOfCopiedAac() {
     QFETCH(QByteArray, answer);
+    QFETCH(bool, dies);
     QFETCH(bool, fixup);
     JobBench bench;
-    bench.scenario.fixup().printError(answer).exit(1);
+    bench.scenario.fixup().printError(answer);
+    if (dies)
+      bench.scenario.die(SIGSEGV);
+    else
+      bench.scenario.exit(1);
     QVERIFY(bench.scenario.write());
     MKVFileInfo info = bench.record();
     info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
@@ -70,6 +80,38 @@ class TestJobRun final : public QObject {
     QCOMPARE(job.arguments().contains(u"aac_adtstoasc"_s), fixup);
     QVERIFY(bench.waitForEnd(job));
     QCOMPARE(job.state(), JobStateFinished);
+  }
+
+  void writesItsProgressWhereItCan_data() {
+    QTest::addColumn<bool>("impossible");
+    QTest::newRow("folder is gone") << false;
+    QTest::newRow("folder cannot be made") << true;
+  }
+  void writesItsProgressWhereItCan() {
+    QFETCH(bool, impossible);
+    JobBench bench;
+    const QString folder = bench.services.progressFolder;
+    QVERIFY(QDir(folder).removeRecursively());
+    if (impossible) JobBench::write(folder, "a file");
+    ConversionJob &job = bench.addJob();
+    QCOMPARE(job.start(), StartOutcome::launched);
+    const QStringList arguments = job.arguments();
+    const QString file = arguments.value(arguments.indexOf(u"-progress"_s) + 1);
+    QCOMPARE(QFileInfo(file).path(), impossible ? bench.program.library().tempDir() : folder);
+    QVERIFY(QFile::exists(file));
+    QVERIFY(bench.waitForEnd(job));
+    QCOMPARE(job.state(), JobStateFinished);
+  }
+
+  void tellsTheLogOfASubtitleFile() {
+    JobBench bench;
+    MKVFileInfo info = bench.record();
+    info.subtitleFileURL = QUrl::fromLocalFile(bench.program.path(u"in/a.srt"_s));
+    JobBench::write(info.subtitleFileURL.toLocalFile(), "1\n");
+    QCOMPARE(bench.addJob(info).start(), StartOutcome::launched);
+    QCOMPARE(
+        bench.program.logged().filter(u"subtitles"_s),
+        QStringList(u"Info: adding subtitles from file "_s + bench.program.path(u"in/a.srt"_s)));
   }
 
   void tellsProgressWithinBounds_data() {
