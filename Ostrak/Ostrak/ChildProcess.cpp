@@ -1,14 +1,19 @@
 #include "ChildProcess.h"
 
+#include <fcntl.h>
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QPointer>
 #include <QProcess>
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <optional>
 
 #include "ChildLaunch.h"
+#include "Descriptor.h"
 #include "StopLadder.h"
 
 namespace ostrak {
@@ -18,7 +23,19 @@ namespace {
 
 // QProcess gives the reason as a text only, at the end of its own.
 bool isRefusal(const QString &error) {
-  return error.endsWith(qt_error_string(EAGAIN)) || error.endsWith(qt_error_string(ENOMEM));
+  constexpr std::array refusals{EAGAIN, ENOMEM, EMFILE, ENFILE};
+  return std::ranges::any_of(
+      refusals, [&error](int number) { return error.endsWith(qt_error_string(number)); });
+}
+
+// What a start needs for a moment; QProcess itself gives no usable reason when it runs out.
+bool areDescriptorsFree() {
+  constexpr int needed = 12;
+  std::array<Descriptor, needed> some;
+  return std::ranges::all_of(some, [](Descriptor &one) {
+    one = Descriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    return static_cast<bool>(one);
+  });
 }
 
 }  // namespace
@@ -124,7 +141,7 @@ void ChildProcess::start(const ChildSetup &setup) {
     d->process.setStandardInputFile(QProcess::nullDevice());
   }
   d->launch.emplace(setup);
-  if (!d->launch->isReady()) {
+  if (!d->launch->isReady() || !areDescriptorsFree()) {
     d->fail(qt_error_string(EMFILE));
     return;
   }
