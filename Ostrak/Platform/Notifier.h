@@ -32,7 +32,10 @@ class NullNotifier final : public Notifier {
 // For tests: remembers what was posted; `activate` plays the user.
 class RecordingNotifier final : public Notifier {
  public:
-  void post(const Notification &notification) override { posted.append(notification); }
+  void post(const Notification &notification) override {
+    posted.append(notification);
+    if (onPost) onPost();
+  }
   void setActivated(std::function<void(const QString &)> handler) override {
     m_handler = std::move(handler);
   }
@@ -40,6 +43,7 @@ class RecordingNotifier final : public Notifier {
     if (m_handler) m_handler(path);
   }
   QList<Notification> posted;
+  std::function<void()> onPost;  // null: nothing more happens
 
  private:
   std::function<void(const QString &)> m_handler;

@@ -124,7 +124,7 @@ class TestJobEnd final : public QObject {
     QTest::addColumn<CompletionSettings>("settings");
     QTest::addColumn<QStringList>("calls");
     const QStringList begin{u"state 1"_s, u"started"_s, u"state 3"_s};
-    const QStringList end{u"startNextJobInQueue"_s, u"increaseUsages 1 1"_s};
+    const QStringList end{u"startNextJobInQueue"_s, u"notified"_s, u"increaseUsages 1 1"_s};
     const QStringList removal{u"removeJob"_s, u"startNextJobInQueue"_s};
     QTest::newRow("plain") << CompletionSettings{} << begin + end;
     QTest::newRow("AutoClean") << CompletionSettings{true, false, 0, false}
@@ -144,6 +144,7 @@ class TestJobEnd final : public QObject {
     QFETCH(QStringList, calls);
     JobBench bench;
     bench.controller.completion = settings;
+    bench.notifier.onPost = [&bench] { bench.controller.calls.append(u"notified"_s); };
     ConversionJob &job = bench.addJob();
     QCOMPARE(job.start(), StartOutcome::launched);
     QTRY_COMPARE_WITH_TIMEOUT(bench.controller.calls, calls, 30'000);
@@ -154,12 +155,14 @@ class TestJobEnd final : public QObject {
     JobBench bench;
     // None of the wishes for a success holds.
     bench.controller.completion = {true, true, 1, true};
+    bench.notifier.onPost = [&bench] { bench.controller.calls.append(u"notified"_s); };
     bench.scenario.conversion().exit(1);
     QVERIFY(bench.scenario.write());
     ConversionJob &job = bench.addJob();
     QCOMPARE(job.start(), StartOutcome::launched);
-    const QStringList calls{u"state 1"_s, u"started"_s, u"state 4"_s, u"startNextJobInQueue"_s,
-                            u"increaseUsages 1 1"_s};
+    const QStringList calls{u"state 1"_s,  u"started"_s,
+                            u"state 4"_s,  u"startNextJobInQueue"_s,
+                            u"notified"_s, u"increaseUsages 1 1"_s};
     QTRY_COMPARE_WITH_TIMEOUT(bench.controller.calls, calls, 30'000);
     QVERIFY(QFile::exists(bench.program.path(u"in/movie.mkv"_s)));
     QVERIFY(bench.program.logged().last().endsWith(u"in/movie.mkv failed: status 1"_s));

@@ -1,7 +1,12 @@
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 
+#include "BuildTree.h"
 #include "Ostrak.h"
 #include "Scenario.h"
 #include "Task.h"
@@ -23,6 +28,7 @@ class TestTask final : public QObject {
   void warnsOfLongArguments_data();
   void warnsOfLongArguments();
   void singleElement();
+  void standsWhereTheCallerStands();
 
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -43,7 +49,7 @@ void TestTask::init() {
     m_logged.append(QString::number(level) + u' ' + message);
   };
   m_library = std::make_unique<ostrak::Ostrak>(setup);
-  QVERIFY(QFile::link(QStringLiteral(FAKEFFMPEG_PATH), path(u"tool"_s)));
+  QVERIFY(QFile::link(buildtree::scriptedTool(), path(u"tool"_s)));
 }
 
 void TestTask::cleanup() {
@@ -140,6 +146,26 @@ void TestTask::singleElement() {
   QCOMPARE(output->size(), 1024 * 1024);
   QCOMPARE(status, 9);
   QCOMPARE(scenario.arguments(u"other"_s), QList<QStringList>{QStringList()});
+}
+
+// Input, environment and working folder are the caller's.
+void TestTask::standsWhereTheCallerStands() {
+  QFile input(path(u"input"_s));
+  QVERIFY(input.open(QIODevice::ReadWrite));
+  QCOMPARE(input.write("from the input"), 14);
+  QVERIFY(input.seek(0));
+  const int own = ::dup(STDIN_FILENO);
+  QVERIFY(::dup2(input.handle(), STDIN_FILENO) >= 0);
+  qputenv("TASK_TEST", "from the environment");
+  const std::optional<QString> read = runAsTask({u"/bin/cat"_s});
+  const std::optional<QString> variable =
+      runAsTask({u"/bin/sh"_s, u"-c"_s, u"echo $TASK_TEST; pwd -P"_s});
+  qunsetenv("TASK_TEST");
+  ::dup2(own, STDIN_FILENO);
+  ::close(own);
+  QCOMPARE(read, std::optional(u"from the input"_s));
+  QCOMPARE(variable,
+           std::optional(QString(u"from the environment\n"_s + QDir::currentPath() + u'\n')));
 }
 
 QTEST_GUILESS_MAIN(TestTask)
