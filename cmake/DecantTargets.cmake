@@ -1,5 +1,7 @@
 # The one strict target that everything links, and the functions that make libraries and tests.
 
+include(DecantPrecompiled)
+
 add_library(decant_strict INTERFACE)
 target_compile_features(decant_strict INTERFACE cxx_std_20)
 target_compile_definitions(decant_strict INTERFACE
@@ -19,12 +21,12 @@ if(DECANT_COVERAGE)
   target_link_options(decant_strict INTERFACE --coverage)
 endif()
 
-# decant_library(NAME [INCLUDE folder…] [LINK target…]) makes a static library of the sources and
+# decant_library(NAME [INCLUDE folder…] [LINK target…] [PRECOMPILED kind]) makes a static library of the sources and
 # headers in the current folder and in each INCLUDE folder: a file that lies there is part of it. The
 # headers of a library are seen only by those that link it, which is how the arrows between the
 # layers are held.
 function(decant_library name)
-  cmake_parse_arguments(ARG "" "" "INCLUDE;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILED" "INCLUDE;LINK" ${ARGN})
   set(sources "")
   foreach(folder . ${ARG_INCLUDE})
     file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
@@ -39,6 +41,10 @@ function(decant_library name)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
   endforeach()
   target_link_libraries(${name} PUBLIC decant_strict ${ARG_LINK})
+  if(NOT ARG_PRECOMPILED)
+    set(ARG_PRECOMPILED core)
+  endif()
+  decant_precompile(${name} ${ARG_PRECOMPILED})
 endfunction()
 
 # decant_on_demand(NAME [LINK target…]) makes a library of the sources in the current folder that the
@@ -54,10 +60,14 @@ function(decant_on_demand name)
   target_link_libraries(${name} PRIVATE decant_strict ${ARG_LINK})
 endfunction()
 
-# decant_tests(LABEL unit|integration|gui [TIMEOUT seconds] [LINK target…]) makes one test of every
-# tst_*.cpp in the current folder; the folder's name is a label, too. A test's own helpers are the other sources of that folder.
+# decant_tests(LABEL unit|integration|gui [TIMEOUT seconds] [LINK target…] [PRECOMPILED kind]) makes one
+# test of every tst_*.cpp in the current folder; the folder's name is a label, too. The other sources of that
+# folder are the tests' own helpers.
 function(decant_tests)
-  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT;PRECOMPILED" "LINK" ${ARGN})
+  if(NOT ARG_PRECOMPILED)
+    set(ARG_PRECOMPILED test)
+  endif()
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
@@ -65,10 +75,18 @@ function(decant_tests)
   file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tst_*.cpp)
   file(GLOB helpers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   list(REMOVE_ITEM helpers ${tests} "")
+  if(helpers)
+    set(shared ${ARG_LABEL}_${module}_helpers)
+    add_library(${shared} STATIC ${helpers})
+    target_link_libraries(${shared} PUBLIC ${ARG_LINK} decant_test_support)
+    decant_precompile(${shared} ${ARG_PRECOMPILED})
+    list(PREPEND ARG_LINK ${shared})
+  endif()
   foreach(test ${tests})
     get_filename_component(name ${test} NAME_WE)
-    add_executable(${name} ${test} ${helpers})
+    add_executable(${name} ${test})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} decant_test_support Qt6::Test decant_strict)
+    decant_precompile(${name} ${ARG_PRECOMPILED})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABEL};${module}" TIMEOUT ${ARG_TIMEOUT})
   endforeach()

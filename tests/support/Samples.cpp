@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "BuildTree.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -170,7 +172,7 @@ QString keyOf(const Sample &sample) {
 namespace samples {
 
 QString ffmpegPath() {
-  return QStringLiteral(DECANT_BUNDLE_DIR "/resources/ffmpeg");
+  return buildtree::bundle(u"resources/ffmpeg"_s);
 }
 
 QString newFolder() {

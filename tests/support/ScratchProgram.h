@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <memory>
 
+#include "BuildTree.h"
 #include "KeyboardModifiers.h"
 #include "Ostrak.h"
 #include "RecordingPresenter.h"
@@ -18,7 +19,7 @@
 //   config/org.decant.Decant.conf   data/Decant   home/Desktop   tmp   crashes
 class ScratchProgram final {
  public:
-  explicit ScratchProgram(const QString &tool = QStringLiteral(FAKEFFMPEG_PATH));
+  explicit ScratchProgram(const QString &tool = buildtree::scriptedTool());
   ~ScratchProgram();
 
   [[nodiscard]] QString root() const;

@@ -1,5 +1,8 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QComboBox>
+#include <QDir>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "Defaults.h"
 #include "WindowBench.h"

@@ -1,5 +1,13 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QListWidget>
+#include <QObject>
+#include <QPointF>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWidget>
 
 #include "Defaults.h"
 #include "DestinationPopUp.h"

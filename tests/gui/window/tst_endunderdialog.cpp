@@ -1,5 +1,10 @@
+#include <QCoreApplication>
+#include <QFile>
+#include <QMetaObject>
+#include <QObject>
 #include <QPointer>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 #include "../desktop/AlertPlayer.h"
 #include "Alerts.h"

@@ -1,5 +1,13 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractAnimation>
+#include <QComboBox>
+#include <QFont>
+#include <QLabel>
+#include <QObject>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStringList>
+#include <QTest>
+#include <QVariantAnimation>
 
 #include "Defaults.h"
 #include "ElidedLabel.h"

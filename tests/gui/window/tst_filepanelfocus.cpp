@@ -1,5 +1,9 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractItemModel>
+#include <QComboBox>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
+#include <QWidget>
 
 #include "WindowBench.h"
 #include "WindowTestMain.h"

@@ -1,5 +1,24 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QColor>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QHelpEvent>
+#include <QImage>
+#include <QList>
+#include <QMenu>
+#include <QObject>
+#include <QPalette>
+#include <QPoint>
+#include <QRect>
+#include <QSet>
+#include <QStringList>
+#include <QTest>
+#include <QTimer>
+#include <QToolTip>
+#include <QWidget>
 
 #include "JobRows.h"
 #include "WindowTestMain.h"

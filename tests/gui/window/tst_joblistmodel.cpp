@@ -1,5 +1,21 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractItemModel>
+#include <QAbstractItemModelTester>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QModelIndex>
+#include <QObject>
+#include <QPaintEvent>
+#include <QPoint>
+#include <QPointer>
+#include <QRegion>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
+#include <QWidget>
 
 #include "JobListModel.h"
 #include "JobRows.h"

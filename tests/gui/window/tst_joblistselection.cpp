@@ -1,5 +1,12 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAction>
+#include <QItemSelectionModel>
+#include <QList>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QStringList>
+#include <QTest>
+#include <QWidget>
 
 #include "JobListModel.h"
 #include "JobListView.h"

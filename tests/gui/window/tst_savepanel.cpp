@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QDir>
+#include <QObject>
+#include <QTest>
 
 #include "Defaults.h"
 #include "WindowBench.h"

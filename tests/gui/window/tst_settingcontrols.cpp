@@ -1,5 +1,16 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialog>
+#include <QFile>
+#include <QIODevice>
+#include <QList>
+#include <QListWidget>
+#include <QObject>
+#include <QSet>
+#include <QSpinBox>
+#include <QStringList>
+#include <QTest>
+#include <QWidget>
 
 #include "Defaults.h"
 #include "Ostrak.h"

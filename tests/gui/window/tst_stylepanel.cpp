@@ -1,5 +1,12 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QColor>
+#include <QList>
+#include <QObject>
+#include <QPalette>
+#include <QStringList>
+#include <QTest>
+#include <QWidget>
 
 #include "Defaults.h"
 #include "WindowBench.h"

@@ -1,5 +1,15 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAction>
+#include <QFile>
+#include <QIODevice>
+#include <QImage>
+#include <QJsonValue>
+#include <QList>
+#include <QObject>
+#include <QPalette>
+#include <QSize>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "Defaults.h"
 #include "Ostrak.h"

@@ -1,5 +1,13 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QListWidget>
+#include <QObject>
+#include <QPushButton>
+#include <QStringList>
+#include <QTabWidget>
+#include <QTest>
+#include <QWidget>
 
 #include "Defaults.h"
 #include "PreferencesWindow.h"

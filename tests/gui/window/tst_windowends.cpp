@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QCoreApplication>
+#include <QFile>
+#include <QIODevice>
+#include <QObject>
+#include <QTest>
+#include <QTimer>
 
 #include "../desktop/AlertPlayer.h"
 #include "Defaults.h"

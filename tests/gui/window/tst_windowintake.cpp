@@ -1,5 +1,18 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QList>
+#include <QMimeData>
+#include <QObject>
+#include <QPoint>
+#include <QPushButton>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
+#include <QWidget>
 
 #include "Defaults.h"
 #include "DropMark.h"

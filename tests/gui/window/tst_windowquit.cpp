@@ -1,4 +1,11 @@
-#include <QtTest>
+#include <QCoreApplication>
+#include <QFile>
+#include <QIODevice>
+#include <QMetaObject>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
+#include <QTimer>
 
 #include "Alerts.h"
 #include "Defaults.h"

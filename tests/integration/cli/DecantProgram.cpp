@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include "BuildTree.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -70,10 +72,10 @@ DecantProgram::DecantProgram() {
   for (const auto folder :
        {"bundle/resources"_L1, "config"_L1, "data"_L1, "home"_L1, "tmp"_L1, "work"_L1})
     QDir().mkpath(m_folder.filePath(folder));
-  copyOrDie(QStringLiteral(DECANT_BUNDLE_DIR "/decant"), program());
-  copyOrDie(QStringLiteral(DECANT_BUNDLE_DIR "/resources/Info.json"),
+  copyOrDie(buildtree::bundle(u"decant"_s), program());
+  copyOrDie(buildtree::bundle(u"resources/Info.json"_s),
             m_folder.filePath(u"bundle/resources/Info.json"_s));
-  setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  setTool(buildtree::scriptedTool());
   // An empty one makes the tool note its calls.
   if (!scenario().write()) qFatal("cannot write the scenario");
   m_environment = QProcessEnvironment::systemEnvironment();

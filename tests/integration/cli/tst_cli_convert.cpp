@@ -1,4 +1,10 @@
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

@@ -1,4 +1,11 @@
-#include <QtTest>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

@@ -1,6 +1,11 @@
 #include <unistd.h>
 
-#include <QtTest>
+#include <QDir>
+#include <QJsonObject>
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+#include <QTest>
 #include <csignal>
 
 #include "DecantProgram.h"

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QSettings>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

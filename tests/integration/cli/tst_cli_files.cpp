@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QFile>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

@@ -1,7 +1,11 @@
 #include <QDir>
 #include <QFile>
-#include <QtTest>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
 
+#include "BuildTree.h"
 #include "DecantProgram.h"
 
 using namespace Qt::StringLiterals;
@@ -23,8 +27,7 @@ void putCatalogueInto(const DecantProgram &program) {
   const QDir bundle = QFileInfo(program.program()).dir();
   const QString catalogue = u"resources/translations/decant_de.qm"_s;
   QVERIFY(bundle.mkpath(u"resources/translations"_s));
-  QVERIFY(QFile::copy(QStringLiteral(DECANT_BUNDLE_DIR) + u'/' + catalogue,
-                      bundle.filePath(catalogue)));
+  QVERIFY(QFile::copy(buildtree::bundle(catalogue), bundle.filePath(catalogue)));
 }
 
 }  // namespace

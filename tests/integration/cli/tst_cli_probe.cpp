@@ -1,6 +1,12 @@
 #include <sys/stat.h>
 
-#include <QtTest>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QTest>
+#include <QUrl>
 
 #include "DecantProgram.h"
 

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "Clock.h"
 #include "CommandLine.h"

@@ -1,4 +1,14 @@
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QSettings>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

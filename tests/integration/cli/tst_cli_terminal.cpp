@@ -2,7 +2,11 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <QtTest>
+#include <QJsonDocument>
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+#include <QTest>
 #include <cstdlib>
 
 #include "DecantProgram.h"

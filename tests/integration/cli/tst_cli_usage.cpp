@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QFileInfo>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

@@ -1,5 +1,17 @@
-#include <QtTest>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QIODevice>
+#include <QList>
+#include <QObject>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
+#include "BuildTree.h"
 #include "ControllerProgram.h"
 #include "Defaults.h"
 
@@ -203,7 +215,7 @@ void TestAdmission::missingToolFailsEachJob() {
   m_p->program.setTool({});
   m_p->controller->pauseContinueClicked(true);
   QCOMPARE(m_p->count(JobStateFailed), 2);
-  m_p->program.setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  m_p->program.setTool(buildtree::scriptedTool());
   m_p->add(u"3.mkv"_s);
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
 }

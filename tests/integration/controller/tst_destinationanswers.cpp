@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QObject>
+#include <QTest>
+#include <QUrl>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"

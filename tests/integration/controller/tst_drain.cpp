@@ -1,7 +1,16 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"

@@ -1,6 +1,12 @@
 #include <unistd.h>
 
-#include <QtTest>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "ControllerProgram.h"
 

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QFile>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"

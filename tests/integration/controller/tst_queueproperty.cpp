@@ -1,7 +1,18 @@
 #include <signal.h>
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+#include <QTest>
 
+#include "BuildTree.h"
 #include "ControllerProgram.h"
 #include "Defaults.h"
 
@@ -249,7 +260,7 @@ void TestQueueProperty::loseSource() {
 void TestQueueProperty::loseTool() {
   m_p->program.setTool({});
   m_p->add(newName());
-  m_p->program.setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  m_p->program.setTool(buildtree::scriptedTool());
 }
 
 void TestQueueProperty::toggleAutoAdd() {

@@ -1,9 +1,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QFile>
+#include <QIODevice>
+#include <QObject>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QStringList>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include "ProgressFiles.h"
 

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 
+#include "BuildTree.h"
 #include "ChildProcess.h"
 #include "Scenario.h"
 
@@ -34,7 +35,7 @@ class Watched final {
 class StandIn final {
  public:
   StandIn() : scenario(path(QStringLiteral("ffmpeg.scenario"))) {
-    QFile::link(QStringLiteral(FAKEFFMPEG_PATH), path(QStringLiteral("ffmpeg")));
+    QFile::link(buildtree::scriptedTool(), path(QStringLiteral("ffmpeg")));
     scenario.any();
   }
   [[nodiscard]] QString path(const QString &name) const { return folder.filePath(name); }

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "BuildTree.h"
 #include "Descriptor.h"
 #include "Ostrak.h"
 #include "PrivateBus.h"
@@ -38,8 +39,7 @@ class TestSleepInhibitor final : public QObject {
     return {m_bus->address(), m_bus->address(), sandboxed, u"Decant"_s, u"org.decant.Decant"_s};
   }
   bool mock(const QStringList &kinds) {
-    const QString script =
-        QStringLiteral(DECANT_SOURCE_DIR) + u"/tests/integration/core/sleepservices.py"_s;
+    const QString script = buildtree::source(u"tests/integration/core/sleepservices.py"_s);
     m_mock = std::make_unique<MockService>(*m_bus, script, kinds);
     return m_mock->isReady();
   }

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDBusMessage>
 
+#include "BuildTree.h"
+
 using namespace Qt::StringLiterals;
 
 DesktopBench::DesktopBench() : m_bus(noBus()) {
@@ -23,8 +25,7 @@ DesktopBench::~DesktopBench() {
 }
 
 QStringList DesktopBench::serviceCommand(const QString &log, const QStringList &kinds) const {
-  const QString script =
-      QStringLiteral(DECANT_SOURCE_DIR) + u"/tests/integration/platform/desktopservices.py"_s;
+  const QString script = buildtree::source(u"tests/integration/platform/desktopservices.py"_s);
   const QStringList command{MockService::interpreter(), script, m_privateBus->address(), log};
   return command + kinds;
 }

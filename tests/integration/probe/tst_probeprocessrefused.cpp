@@ -3,7 +3,12 @@
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 #include <array>
 #include <cerrno>
 #include <csignal>

@@ -1,10 +1,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
 #include <QScopeGuard>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
+#include "BuildTree.h"
 #include "Dispatch.h"
 #include "Exceptions.h"
 #include "Probe.h"
@@ -77,7 +84,7 @@ void TestProbeRefusals::init() {
 }
 
 void TestProbeRefusals::playReport(const QByteArray &report, int exitStatus) {
-  m_program->setTool(QStringLiteral(FAKEFFMPEG_PATH));
+  m_program->setTool(buildtree::scriptedTool());
   Scenario scenario(m_program->toolPath() + u".scenario"_s);
   scenario.any().printError(report).exit(exitStatus);
   QVERIFY(scenario.write());

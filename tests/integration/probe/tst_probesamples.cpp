@@ -1,6 +1,12 @@
 #include <QDir>
 #include <QFile>
-#include <QtTest>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "Probe.h"
 #include "Samples.h"

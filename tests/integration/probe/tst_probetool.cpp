@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QFile>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QUrl>
 
 #include "Probe.h"
 #include "Samples.h"

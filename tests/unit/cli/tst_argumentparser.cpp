@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "ArgumentParser.h"
 #include "HelpTexts.h"

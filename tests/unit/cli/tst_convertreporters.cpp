@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
 
 #include "BufferSink.h"
 #include "JsonConvertReporter.h"

@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QUrl>
 
 #include "GivenFile.h"
 #include "Url.h"

@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QObject>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "Printable.h"
 

@@ -1,4 +1,11 @@
-#include <QtTest>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "ProbeReport.h"
 

@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
 
 #include "Printable.h"
 #include "ProgressLine.h"

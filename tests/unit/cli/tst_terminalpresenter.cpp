@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "BufferSink.h"
 #include "Defaults.h"

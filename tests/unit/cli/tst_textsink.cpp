@@ -2,7 +2,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <QtTest>
+#include <QObject>
+#include <QTest>
 #include <csignal>
 #include <cstdlib>
 #include <thread>

@@ -1,6 +1,10 @@
 #include <unistd.h>
 
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
 
 #include "Destinations.h"
 #include "ScratchProgram.h"

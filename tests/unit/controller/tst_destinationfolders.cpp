@@ -1,4 +1,11 @@
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "Defaults.h"
 #include "DestinationFolders.h"

@@ -1,4 +1,10 @@
-#include <QtTest>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QUrl>
 
 #include "Defaults.h"
 #include "Destinations.h"

@@ -1,4 +1,10 @@
-#include <QtTest>
+#include <QCoreApplication>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "Defaults.h"
 #include "FakeProber.h"

@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "Defaults.h"
 #include "FakeProber.h"

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "Exceptions.h"
 #include "FakeProber.h"

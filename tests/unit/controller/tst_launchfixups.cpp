@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QVariant>
 
 #include "Defaults.h"
 #include "LaunchFixups.h"

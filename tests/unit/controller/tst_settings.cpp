@@ -1,4 +1,10 @@
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include "Defaults.h"
 #include "ScratchProgram.h"

@@ -1,6 +1,14 @@
 #include <sys/stat.h>
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QIODevice>
+#include <QMap>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include "SortedFiles.h"
 

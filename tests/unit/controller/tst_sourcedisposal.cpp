@@ -1,6 +1,14 @@
 #include <unistd.h>
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "Dispatch.h"
 #include "Scenario.h"

@@ -1,7 +1,13 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QtTest>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <QUrl>
 
 #include "Scenario.h"
 #include "ScratchProgram.h"

@@ -1,8 +1,11 @@
 #include <QDir>
+#include <QFile>
+#include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QObject>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include "Bookmark.h"
 

@@ -1,8 +1,13 @@
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
+#include "BuildTree.h"
 #include "Text.h"
 #include "Translations.h"
 
@@ -12,7 +17,7 @@ using ostrak::Translations;
 
 namespace {
 
-const QString catalogues = QStringLiteral(DECANT_BUNDLE_DIR "/resources/translations");
+const QString catalogues = buildtree::bundle(u"resources/translations"_s);
 
 QString toolkitsCancel() {
   return QCoreApplication::translate("QPlatformTheme", "Cancel");

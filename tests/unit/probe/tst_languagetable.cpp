@@ -1,6 +1,10 @@
+#include <QHash>
 #include <QLocale>
+#include <QObject>
+#include <QRegularExpression>
 #include <QSet>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 #include <algorithm>
 
 #include "LanguageTable.h"

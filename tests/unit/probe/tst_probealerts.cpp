@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "ProbeAlerts.h"
 #include "Reports.h"

@@ -1,6 +1,12 @@
 #include <QFile>
-#include <QtTest>
+#include <QIODevice>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
+#include "BuildTree.h"
 #include "Reports.h"
 
 using namespace Qt::StringLiterals;
@@ -87,8 +93,8 @@ void TestReportVersions::report() {
   QFETCH(int, index);
   const Expected &expected = expectations[index];
   const QString path = QString::fromLatin1(expected.path);
-  QFile file(QStringLiteral(DECANT_SOURCE_DIR "/tests/unit/probe/reports/") +
-             QLatin1StringView(expected.file) + u".txt"_s);
+  QFile file(buildtree::source(u"tests/unit/probe/reports/"_s) + QLatin1StringView(expected.file) +
+             u".txt"_s);
   QVERIFY(file.open(QIODevice::ReadOnly));
 
   const decant::ProbeOutcome outcome =

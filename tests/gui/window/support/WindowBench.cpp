@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QTest>
 
+#include "BuildTree.h"
 #include "Defaults.h"
 #include "Ostrak.h"
 
@@ -26,7 +27,7 @@ WindowBench::WindowBench() : scenario(program.path(u"bundle/resources/ffmpeg.sce
   scenario.conversion(u"hang.mkv"_s).hang();
   if (!scenario.write()) qFatal("the scenario could not be written");
   for (const QString &part : {u"ui"_s, u"images"_s}) {
-    const QString shipped = QStringLiteral(DECANT_SOURCE_DIR) + u"/app/resources/"_s + part;
+    const QString shipped = buildtree::source(u"app/resources/"_s + part);
     if (!QFile::link(shipped, program.library().resDir() + u'/' + part))
       qFatal("the program's resources could not be linked");
   }
