@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "AlertLabel.h"
 #include "AlertTexts.h"
 #include "NamedImage.h"
 #include "Ostrak.h"
@@ -61,12 +62,8 @@ QPushButton *colorButton(const QString &color, QWidget *parent) {
 }
 
 QLabel *label(const QString &text, const QString &name, QWidget *parent) {
-  auto *made = new QLabel(breakable(text), parent);
-  made->setAccessibleName(text);
+  auto *made = new AlertLabel(text, parent);
   made->setObjectName(name);
-  made->setTextFormat(Qt::PlainText);
-  made->setWordWrap(true);
-  made->setTextInteractionFlags(Qt::TextSelectableByMouse);
   made->setMinimumWidth(textWidth);
   return made;
 }
@@ -137,7 +134,7 @@ void AlertDialog::addControl(QVBoxLayout &column) {
       return;
     case Alert::Control::Suppression:
     case Alert::Control::Checkbox: {
-      auto *box = sized(new QCheckBox(m_alert.checkboxTitle, this));
+      auto *box = sized(new QCheckBox(buttonTitle(m_alert.checkboxTitle), this));
       box->setChecked(m_alert.value.toBool());
       m_control = box;
       break;
@@ -179,7 +176,8 @@ void AlertDialog::addChoices(QVBoxLayout &column) {
   choices->setContentsMargins(0, 0, 0, 0);
   auto *group = new QButtonGroup(m_control);
   for (int index = 0; index < m_alert.items.size(); ++index) {
-    auto *choice = new QRadioButton(shortenedChoice(m_alert.items.at(index)), m_control);
+    auto *choice =
+        new QRadioButton(buttonTitle(shortenedChoice(m_alert.items.at(index))), m_control);
     choice->setObjectName(u"alertChoice%1"_s.arg(index));
     choice->setMinimumSize(choiceWidth, choiceHeight);
     group->addButton(choice, index);
@@ -195,7 +193,7 @@ void AlertDialog::addButtons(QVBoxLayout &column) {
       m_alert.buttons.isEmpty() ? QStringList{localized(u"OK"_s)} : m_alert.buttons;
   for (int index = 0; index < titles.size(); ++index) {
     const auto role = index == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole;
-    QPushButton *button = box->addButton(titles.at(index), role);
+    QPushButton *button = box->addButton(buttonTitle(titles.at(index)), role);
     button->setObjectName(u"alertButton%1"_s.arg(index));
     button->setDefault(index == 0);
     const int code = firstButton + index;

@@ -10,9 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace ostrak {
 
+namespace {
+
+constexpr QChar breakingPlace(0x200B);
+
+}  // namespace
+
 QString breakable(const QString &text) {
   constexpr int longestStretch = 30;  // characters as a reader counts them
-  constexpr QChar place(0x200B);
   QString result;
   result.reserve(text.size() + text.size() / longestStretch);
   QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -22,13 +27,21 @@ QString breakable(const QString &text) {
     const bool blank = text.at(from).isSpace();
     stretch = blank ? 0 : stretch + 1;
     if (stretch > longestStretch) {
-      result.append(place);
+      result.append(breakingPlace);
       stretch = 1;
     }
     result.append(QStringView(text).mid(from, to - from));
     from = to;
   }
   return result;
+}
+
+QString unbroken(QString text) {
+  return text.remove(breakingPlace);
+}
+
+QString buttonTitle(QString title) {
+  return title.replace(u'&', u"&&"_s);
 }
 
 QWidget *heldToScreen(QWidget *body, QWidget *dialog) {

@@ -174,10 +174,11 @@ void TestAlertControls::matrix() {
       QCOMPARE(rows.at(i)->minimumSize(), QSize(269, 17));
       QVERIFY(i == 0 || rows.at(i)->y() >= rows.at(i - 1)->geometry().bottom());
     }
+    QCOMPARE(rows.at(2)->text(), u"z && Co"_s);  // a button shows that as "z & Co"
     rows.at(2)->click();
     AlertPlayer::press(dialog, button);
   });
-  QTEST(alert_selection_matrix(u"Message"_s, m_buttons, {u"x"_s, u"y"_s, u"z"_s}, selected),
+  QTEST(alert_selection_matrix(u"Message"_s, m_buttons, {u"x"_s, u"y"_s, u"z & Co"_s}, selected),
         "code");
   QCOMPARE(selected, 2);
 }

@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
@@ -23,6 +24,7 @@ class TestAlertTexts final : public QObject {
 
   void breaks_data();
   void breaks();
+  void copiesWhatWasTold();
   void staysOnTheScreen_data();
   void staysOnTheScreen();
   void iconByKind();
@@ -53,6 +55,22 @@ void TestAlertTexts::breaks() {
   QCOMPARE(shown.count(QChar(0x200B)), places);
   if (text.startsWith(u"e\u0301"_s)) QVERIFY(!shown.contains(u"e\u200B"_s));
   QCOMPARE(shown.remove(QChar(0x200B)), text);
+}
+
+// A path that goes into a terminal, or a mail.
+void TestAlertTexts::copiesWhatWasTold() {
+  const QString path = u"/"_s + u"folder/"_s.repeated(30) + u"a b.mkv\nsecond line"_s;
+  QClipboard *const clipboard = QGuiApplication::clipboard();
+  clipboard->clear();
+  const AlertPlayer player([](const AlertDialog &dialog) {
+    auto *label = dialog.findChild<QLabel *>(u"alertMessage"_s);
+    QVERIFY(label->text().contains(QChar(0x200B)));
+    QTest::keySequence(label, QKeySequence(QKeySequence::SelectAll));
+    QTest::keySequence(label, QKeySequence(QKeySequence::Copy));
+    AlertPlayer::press(dialog, 0);
+  });
+  alert(u"Title"_s, path);
+  QCOMPARE(clipboard->text(), path);
 }
 
 void TestAlertTexts::staysOnTheScreen_data() {
