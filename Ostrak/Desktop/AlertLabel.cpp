@@ -8,7 +8,7 @@
 #include <QMenu>
 
 #include "AlertTexts.h"
-#include "Ostrak.h"
+#include "Text.h"
 
 namespace ostrak {
 using namespace Qt::StringLiterals;

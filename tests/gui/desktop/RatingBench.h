@@ -6,6 +6,7 @@
 #include <QTest>
 #include <memory>
 
+#include "BuildTree.h"
 #include "ScratchProgram.h"
 #include "VKRatingWindowController.h"
 
@@ -15,7 +16,7 @@ class RatingBench final {
  public:
   RatingBench() {
     for (const QString &part : {QStringLiteral("ui"), QStringLiteral("images")})
-      (void)QFile::link(QStringLiteral(DECANT_SOURCE_DIR "/app/resources/") + part,
+      (void)QFile::link(buildtree::source(QStringLiteral("app/resources/")) + part,
                         program.library().resDir() + QLatin1Char('/') + part);
   }
 

@@ -1,5 +1,12 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QTest>
+#include <QWidget>
+#include <QWidgetList>
 
 #include "Defaults.h"
 #include "Ostrak.h"

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QFont>
 #include <QLabel>
+#include <QLayout>
 #include <QObject>
 #include <QProgressBar>
 #include <QPushButton>

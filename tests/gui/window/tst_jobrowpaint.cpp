@@ -1,5 +1,9 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QColor>
+#include <QImage>
+#include <QObject>
+#include <QPalette>
+#include <QRect>
+#include <QTest>
 
 #include "Defaults.h"
 #include "JobRows.h"

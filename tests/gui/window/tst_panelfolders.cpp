@@ -1,5 +1,9 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QObject>
+#include <QStandardPaths>
+#include <QTest>
 
 #include "Defaults.h"
 #include "WindowBench.h"

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
+#include <QSettings>
 #include <QTest>
 #include <QUrl>
 
