@@ -13,14 +13,16 @@ set(decant_precompiled_desktop ${decant_precompiled_core} <QApplication> <QLabel
   <QPushButton> <QWidget>)
 set(decant_precompiled_guitest ${decant_precompiled_test} <QAbstractItemView> <QApplication>
   <QComboBox> <QLabel> <QPushButton> <QWidget>)
+set(decant_precompiled_guinettest ${decant_precompiled_guitest})
 
 set(decant_precompiled_links_core Qt6::Core)
 set(decant_precompiled_links_test Qt6::Core Qt6::Test)
 set(decant_precompiled_links_nettest Qt6::Network Qt6::Test)
 set(decant_precompiled_links_desktop Qt6::Widgets)
 set(decant_precompiled_links_guitest Qt6::Widgets Qt6::Test)
+set(decant_precompiled_links_guinettest Qt6::Widgets Qt6::Network Qt6::Test)
 
-# decant_precompile(TARGET core|desktop|test|nettest|guitest): the kind must link what the target links, as far as
+# decant_precompile(TARGET core|desktop|test|nettest|guitest|guinettest): the kind must link what the target links, as far as
 # <QTest> looks at it; the compiler says when it does not.
 function(decant_precompile target kind)
   if(NOT DECANT_PRECOMPILED)

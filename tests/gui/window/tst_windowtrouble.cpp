@@ -1,5 +1,9 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QDir>
+#include <QFile>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 #include <csignal>
 
 #include "JobListModel.h"

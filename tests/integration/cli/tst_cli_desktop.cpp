@@ -1,5 +1,9 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
+#include "BuildTree.h"
 #include "DecantProgram.h"
 #include "PrivateBus.h"
 
@@ -8,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString script(const QString &path) {
-  return QStringLiteral(DECANT_SOURCE_DIR) + u"/tests/integration/"_s + path;
+  return buildtree::source(u"tests/integration/"_s + path);
 }
 
 }  // namespace

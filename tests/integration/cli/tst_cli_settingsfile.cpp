@@ -1,4 +1,12 @@
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QList>
+#include <QObject>
+#include <QSettings>
+#include <QStringList>
+#include <QTest>
 
 #include "DecantProgram.h"
 

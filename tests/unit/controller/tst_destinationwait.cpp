@@ -1,5 +1,11 @@
+#include <QCoreApplication>
+#include <QDir>
+#include <QList>
+#include <QObject>
 #include <QSemaphore>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
 
 #include "Defaults.h"
 #include "DestinationFolders.h"

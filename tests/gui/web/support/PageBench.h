@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "BuildTree.h"
 #include "PageServer.h"
 #include "ScratchProgram.h"
 
