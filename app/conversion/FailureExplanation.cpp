@@ -21,7 +21,7 @@ void openProblemReport(const FailedRun &run, UrlOpener &urlOpener) {
   facts.commandLine = run.arguments.join(u' ');
   facts.jobOutput = run.jobOutput;
   facts.recordDescription = run.recordDescription;
-  if (const ostrak::Ostrak *tk = ostrak::tk) {
+  if (ostrak::Ostrak *const tk = ostrak::tk) {
     facts.supportAddress = tk->infoValue(QStringLiteral("FeedbackEmail"));
     facts.appName = tk->appName();
     facts.appVersion = tk->appVersionString();
