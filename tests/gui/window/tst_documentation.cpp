@@ -8,6 +8,7 @@
 #include <QTranslator>
 
 #include "AuxiliaryWindows.h"
+#include "BuildTree.h"
 #include "Documents.h"
 #include "PageBrowser.h"
 #include "VKRTFView.h"
@@ -144,9 +145,8 @@ class TestDocumentation final : public QObject {
 
   // The page on failures speaks of what the program really says.
   void failuresAreThoseOfTheProgram() {
-    const QString source =
-        contents(QStringLiteral(DECANT_SOURCE_DIR) + u"/app/conversion/Diagnosis.cpp"_s)
-            .remove(QRegularExpression(u"\"\\s*\""_s));
+    const QString source = contents(buildtree::source(u"app/conversion/Diagnosis.cpp"_s))
+                               .remove(QRegularExpression(u"\"\\s*\""_s));
     const QString page = contents(folder() + u"/en/failures.html"_s).section(u"<h2>"_s, 0, 0);
     auto quotes = QRegularExpression(u"<dt>“(?:… )?(.*?)(?: …)?”</dt>"_s).globalMatch(page);
     int count = 0;
@@ -176,9 +176,7 @@ class TestDocumentation final : public QObject {
   }
 
  private:
-  static QString folder() {
-    return QStringLiteral(DECANT_SOURCE_DIR) + u"/app/resources/documents"_s;
-  }
+  static QString folder() { return buildtree::source(u"app/resources/documents"_s); }
   [[nodiscard]] AuxiliaryWindows &auxiliary() { return m_b->desktop().auxiliary(); }
   [[nodiscard]] QWidget *documentation() { return auxiliary().documentationWindow(); }
   [[nodiscard]] QTabWidget &tabs() { return *documentation()->findChild<QTabWidget *>(); }

@@ -1,5 +1,18 @@
-#include <QtTest>
-#include <QtWidgets>
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QColor>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QImage>
+#include <QList>
+#include <QMenu>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QStringList>
+#include <QTest>
+#include <QTimer>
 
 #include "JobRows.h"
 #include "WindowTestMain.h"

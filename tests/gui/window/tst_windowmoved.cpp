@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QDir>
+#include <QObject>
+#include <QStringList>
+#include <QTest>
 
 #include "Alerts.h"
 #include "WindowBench.h"

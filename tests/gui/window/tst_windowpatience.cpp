@@ -1,6 +1,6 @@
+#include <QObject>
 #include <QSemaphore>
-#include <QtTest>
-#include <QtWidgets>
+#include <QTest>
 
 #include "Dispatch.h"
 #include "Patience.h"

@@ -1,7 +1,14 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"

@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QObject>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
 
 #include "ControllerProgram.h"
 #include "Defaults.h"

@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include "Defaults.h"
 #include "ScratchProgram.h"

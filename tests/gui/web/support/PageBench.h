@@ -22,9 +22,9 @@ class PageBench final {
 
   // Makes the library of this name, or another file in its place, the bundle's.
   void putLibrary(const QString &name, const QString &file = {}) const {
-    const QString own = QStringLiteral("/lib/lib") + name + QStringLiteral(".so");
-    const QString source = file.isEmpty() ? QString(QStringLiteral(DECANT_BUNDLE_DIR) + own) : file;
-    const QString target = program.path(QString(QStringLiteral("bundle") + own));
+    const QString own = QStringLiteral("lib/lib") + name + QStringLiteral(".so");
+    const QString source = file.isEmpty() ? buildtree::bundle(own) : file;
+    const QString target = program.path(QString(QStringLiteral("bundle/") + own));
     QFile::remove(target);
     QVERIFY(QFile::link(source, target));
   }
