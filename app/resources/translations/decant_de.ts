@@ -15,38 +15,8 @@
     </message>
     <message>
         <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
-        <source>Drop movies on the window, or press Add. Each is looked into and shown at the top: choose the sound that you want to hear and the place where the new file goes, then start its conversion.
-
-The others wait in the queue and are converted one after the other. Pause stops the running conversion where it is; the arrow in a row shows the new file, or says why a conversion failed.
-
-Your movies are never changed. They are only disposed of when you ask for that in the preferences, and only after the new file has been checked.</source>
-        <translation>Filme auf das Fenster ziehen oder „Hinzufügen“ drücken. Jeder wird untersucht und oben gezeigt: den gewünschten Ton und das Ziel der neuen Datei wählen, dann die Umwandlung starten.
-
-Die anderen warten in der Warteschlange und werden nacheinander umgewandelt. „Anhalten“ hält die laufende Umwandlung an, wo sie ist; der Pfeil in einer Zeile zeigt die neue Datei oder sagt, warum eine Umwandlung gescheitert ist.
-
-Die Filme selbst werden nie verändert. Entfernt werden sie nur, wenn die Einstellungen es verlangen, und erst, nachdem die neue Datei geprüft ist.</translation>
-    </message>
-    <message>
-        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
         <source>Styles</source>
         <translation>Umwandlungsarten</translation>
-    </message>
-    <message>
-        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
-        <source>Plays Everywhere makes the sound stereo AAC, which every phone, tablet, console and television plays.
-
-High Speed &amp; Quality copies sound that an MP4 file can hold. That takes seconds and loses nothing, but some devices play AC3 only through an amplifier.
-
-Custom decides for each kind of sound by itself.
-
-The video is copied as it is, whatever the style.</source>
-        <translation>„Läuft überall“ macht aus dem Ton Stereo-AAC, das jedes Telefon, Tablet, jede Konsole und jeder Fernseher abspielt.
-
-„Schnell und hochwertig“ kopiert Ton, den eine MP4-Datei aufnehmen kann. Das dauert Sekunden und verliert nichts, aber manche Geräte spielen AC3 nur über einen Verstärker.
-
-„Benutzerdefiniert“ entscheidet für jede Art von Ton einzeln.
-
-Das Bild wird immer kopiert, wie es ist.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
@@ -55,30 +25,23 @@ Das Bild wird immer kopiert, wie es ist.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
-        <source>One sound track goes into the new file. Decant suggests the first one in your languages; the menu in the window offers the others. A surround track can be kept beside it.
-
-A subtitle file that lies beside a movie and begins with its name goes with it when both are dropped together. Text subtitles inside the movie can be kept, too; pictures of text can't.</source>
-        <translation>In die neue Datei kommt eine Tonspur. Decant schlägt die erste in den eigenen Sprachen vor; das Menü im Fenster bietet die anderen an. Eine Raumklangspur kann daneben behalten werden.
-
-Eine Untertiteldatei, deren Name mit dem des Films beginnt, kommt mit, wenn beide zusammen abgelegt werden. Auch Text-Untertitel im Film selbst können behalten werden; Bilder von Text nicht.</translation>
-    </message>
-    <message>
-        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
         <source>What Plays Where</source>
         <translation>Was läuft wo</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
-        <source>H.264 video with AAC sound plays on practically every device that plays video files.
-
-H.265 video needs a device made after about 2015. AC3 sound plays on televisions, set-top boxes and most players on computers, and not on every phone.
-
-Files named .m4v are opened by the video program on Apple devices; some televisions only list .mp4. The preferences let you choose.</source>
-        <translation>H.264-Video mit AAC-Ton läuft auf praktisch jedem Gerät, das Videodateien abspielt.
-
-H.265-Video braucht ein Gerät, das nach etwa 2015 gebaut ist. AC3-Ton läuft auf Fernsehern, Zuspielern und den meisten Programmen auf Rechnern, aber nicht auf jedem Telefon.
-
-Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche Fernseher zeigen nur .mp4 an. Die Einstellungen lassen die Wahl.</translation>
+        <source>When It Fails</source>
+        <translation>Wenn es scheitert</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Questions</source>
+        <translation>Fragen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/DocumentationWindow.ui"/>
+        <source>Licences</source>
+        <translation>Lizenzen</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
@@ -287,6 +250,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
         <translation>AC3, Surround</translation>
     </message>
     <message>
+        <location filename="../../../Ostrak/Desktop/AlertLabel.cpp"/>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>Copy</source>
         <translation>Übernehmen</translation>
@@ -532,6 +496,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
         <source>Write to &amp;Support…</source>
         <translation>An den &amp;Support schreiben …</translation>
     </message>
@@ -542,11 +507,13 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
         <source>Decant on the We&amp;b</source>
         <translation>Decant &amp;im Web</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
         <source>Store &amp;Page</source>
         <translation>Seite im Sto&amp;re</translation>
     </message>
@@ -557,6 +524,7 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
+        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
         <source>&amp;Rate Decant</source>
         <translation>Decant &amp;bewerten</translation>
     </message>
@@ -1131,21 +1099,99 @@ Dateien mit der Endung .m4v öffnet auf Apple-Geräten das Videoprogramm; manche
         <translation>Mehr über Decant</translation>
     </message>
     <message>
-        <location filename="../../../app/resources/ui/PromotionWindow.ui"/>
-        <source>Decant does more than one movie at a time: drop a whole season, and it works through the night.
-
-It names the sound by your languages, keeps subtitles that lie beside a movie, and can put the new files straight into the folder that your television reads.
-
-It works without its window as well: decant convert in a terminal takes whole folders.
-
-If it serves you well, tell somebody.</source>
-        <translation>Decant kann mehr als einen Film: eine ganze Staffel ablegen, und es arbeitet die Nacht durch.
-
-Es wählt den Ton nach den eigenen Sprachen, behält Untertitel, die neben einem Film liegen, und legt die neuen Dateien auf Wunsch gleich in den Ordner, den der Fernseher liest.
-
-Es geht auch ohne Fenster: decant convert nimmt im Terminal ganze Ordner.
-
-Wer zufrieden ist, darf es weitersagen.</translation>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Your Opinion</source>
+        <translation>Deine Meinung</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>How do you like it so far?</source>
+        <translation>Wie gefällt es dir bisher?</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>I Am &amp;Happy</source>
+        <translation>Ich bin &amp;zufrieden</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>I am happy with it</source>
+        <translation>Ich bin damit zufrieden</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>I Am &amp;Not Sure Yet</source>
+        <translation>Noch &amp;nicht sicher</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>I Have a &amp;Problem</source>
+        <translation>Ich habe ein &amp;Problem</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>&amp;Do Not Ask Again</source>
+        <translation>Nicht &amp;mehr fragen</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>That is good to hear! A rating takes a minute and helps others to find Decant.</source>
+        <translation>Das freut uns! Eine Bewertung dauert eine Minute und hilft anderen, Decant zu finden.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>&amp;Rate It on the Web</source>
+        <translation>Im &amp;Web bewerten</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Opens the page where programs are rated, in the web browser</source>
+        <translation>Öffnet die Seite, auf der Programme bewertet werden, im Webbrowser</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Rate It in the &amp;Store</source>
+        <translation>Im &amp;Store bewerten</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Opens the page of the program in the store</source>
+        <translation>Öffnet die Seite des Programms im Store</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>&amp;Not Now</source>
+        <translation>&amp;Nicht jetzt</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Sorry about that. What went wrong, and what had you expected?</source>
+        <translation>Das tut uns leid. Was ging schief, und was war erwartet?</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>The name of the movie and what happened help most.</source>
+        <translation>Am meisten helfen der Name des Films und was geschah.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>What went wrong</source>
+        <translation>Was schiefging</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>&amp;Send to Support</source>
+        <translation>An den &amp;Support senden</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>Opens a message to the support in the mail program</source>
+        <translation>Öffnet eine Nachricht an den Support im Mailprogramm</translation>
+    </message>
+    <message>
+        <location filename="../../../app/resources/ui/VKRatingWindow.ui"/>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
@@ -1173,6 +1219,40 @@ Wer zufrieden ist, darf es weitersagen.</translation>
         <location filename="../../../app/window/WindowProgram.cpp"/>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/AlertDialog.cpp"/>
+        <location filename="../../../Ostrak/Desktop/VKRatingWindowController.cpp"/>
+        <location filename="../../../app/controller/AppDelegate.cpp"/>
+        <location filename="../../../app/controller/DestinationRoad.cpp"/>
+        <location filename="../../../app/conversion/Diagnosis.cpp"/>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/AlertLabel.cpp"/>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/ProgressSheet.cpp"/>
+        <source>Please wait until the operation finishes</source>
+        <translation>Bitte warten, bis der Vorgang beendet ist</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/VKRatingWindowController.cpp"/>
+        <source>Confirmation</source>
+        <translation>Bestätigung</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/VKRatingWindowController.cpp"/>
+        <source>%@ asks for your feedback only rarely and at maximum only once per app-version. Are you sure you want to turn this off completely?</source>
+        <translation>%@ fragt nur selten und höchstens einmal je Version nach Rückmeldung. Wirklich ganz abschalten?</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Desktop/VKRatingWindowController.cpp"/>
+        <source>Turn off feedback dialoge</source>
+        <translation>Rückmeldung abschalten</translation>
     </message>
     <message>
         <location filename="../../../Ostrak/Ostrak/Feedback.cpp"/>
@@ -1213,6 +1293,7 @@ Information: %@</translation>
     </message>
     <message>
         <location filename="../../../Ostrak/Ostrak/Feedback.cpp"/>
+        <location filename="../../../Ostrak/Ostrak/VKAppMovedHandler.cpp"/>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
         <source>Quit</source>
         <translation>Beenden</translation>
@@ -1221,6 +1302,32 @@ Information: %@</translation>
         <location filename="../../../Ostrak/Ostrak/Feedback.cpp"/>
         <source>Continue</source>
         <translation>Fortfahren</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Ostrak/Feedback.cpp"/>
+        <location filename="../../../app/conversion/FailureExplanation.cpp"/>
+        <source>Preparing the Problem Report</source>
+        <translation>Problembericht wird vorbereitet</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Ostrak/Ostrak.cpp"/>
+        <source>Preparing the Message</source>
+        <translation>Nachricht wird vorbereitet</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Ostrak/VKAppMovedHandler.cpp"/>
+        <source>%@ has been moved, but applications should never be moved while they are running.</source>
+        <translation>%@ wurde verschoben, aber Programme sollten nie verschoben werden, während sie laufen.</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Ostrak/VKAppMovedHandler.cpp"/>
+        <source>Restart %@</source>
+        <translation>%@ neu starten</translation>
+    </message>
+    <message>
+        <location filename="../../../Ostrak/Ostrak/VKAppMovedHandler.cpp"/>
+        <source>%@ could not restart itself. Please do so yourself.</source>
+        <translation>%@ konnte sich nicht selbst neu starten. Bitte selbst starten.</translation>
     </message>
     <message>
         <location filename="../../../Ostrak/Platform/Real/RealTrashCan.cpp"/>
@@ -1334,6 +1441,11 @@ Information: %@</translation>
     </message>
     <message>
         <location filename="../../../app/cli/CommandLine.cpp"/>
+        <source>The file '%@', which tells the version, is missing or damaged; please install the program again.</source>
+        <translation>Die Datei „%@“, in der die Version steht, fehlt oder ist beschädigt; bitte das Programm neu installieren.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/cli/CommandLine.cpp"/>
         <location filename="../../../app/window/WindowProgram.cpp"/>
         <source>The settings file '%@' could not be read and is not used; all settings are at their defaults.</source>
         <translation>Die Einstellungsdatei „%@“ konnte nicht gelesen werden und wird nicht verwendet; alle Einstellungen haben ihre Standardwerte.</translation>
@@ -1383,6 +1495,11 @@ Information: %@</translation>
         <location filename="../../../app/cli/ConvertInput.cpp"/>
         <source>--subtitle goes with one movie, not with %i.</source>
         <translation>--subtitle gilt für einen Film, nicht für %i.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/cli/ConvertInput.cpp"/>
+        <source>Left out, since --subtitle names the subtitles to take: %@</source>
+        <translation>Ausgelassen, weil --subtitle die Untertitel nennt: %@</translation>
     </message>
     <message>
         <location filename="../../../app/cli/ConvertRun.cpp"/>
@@ -1753,13 +1870,6 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
     </message>
     <message>
         <location filename="../../../app/controller/AppDelegate.cpp"/>
-        <location filename="../../../app/controller/DestinationRoad.cpp"/>
-        <location filename="../../../app/conversion/Diagnosis.cpp"/>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/AppDelegate.cpp"/>
         <source>You have now used [APPNAME] more than 20 times, successfully converting %li MKVs to MP4s.</source>
         <translation>[APPNAME] wurde nun mehr als 20 Mal benutzt und hat erfolgreich %li MKVs in MP4s umgewandelt.</translation>
     </message>
@@ -1777,6 +1887,11 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <location filename="../../../app/controller/DestinationMenu.cpp"/>
         <source>Add Folder…</source>
         <translation>Ordner hinzufügen …</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/DestinationRoad.cpp"/>
+        <source>Checking the Destination</source>
+        <translation>Ziel wird geprüft</translation>
     </message>
     <message>
         <location filename="../../../app/controller/DestinationRoad.cpp"/>
@@ -1802,6 +1917,21 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <location filename="../../../app/controller/Intake.cpp"/>
         <source>The preferred audio language could not be used.</source>
         <translation>Die bevorzugte Sprache des Tons konnte nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/Settings.cpp"/>
+        <source>%lli or %lli</source>
+        <translation>%lli oder %lli</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/Settings.cpp"/>
+        <source>%lli, %lli or %lli</source>
+        <translation>%lli, %lli oder %lli</translation>
+    </message>
+    <message>
+        <location filename="../../../app/controller/Settings.cpp"/>
+        <source>%lli, %lli or %lli to %lli</source>
+        <translation>%lli, %lli oder %lli bis %lli</translation>
     </message>
     <message>
         <location filename="../../../app/controller/Settings.cpp"/>
@@ -1832,11 +1962,6 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <location filename="../../../app/controller/Settings.cpp"/>
         <source>%lli or %lli to %lli</source>
         <translation>%lli oder %lli bis %lli</translation>
-    </message>
-    <message>
-        <location filename="../../../app/controller/Settings.cpp"/>
-        <source>%lli or %lli</source>
-        <translation>%lli oder %lli</translation>
     </message>
     <message>
         <location filename="../../../app/controller/Settings.cpp"/>
@@ -2128,6 +2253,11 @@ Ausgabe des Befehls: %@</translation>
         <location filename="../../../app/probe/ReportParser.cpp"/>
         <source>Duration: %@  Bitrate: %@  Resolution: %@  Audiotracks: %i (%i)</source>
         <translation>Dauer: %@  Bitrate: %@  Auflösung: %@  Tonspuren: %i (%i)</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/Documents.cpp"/>
+        <source>documents/en</source>
+        <translation>documents/de</translation>
     </message>
     <message>
         <location filename="../../../app/window/FilePanel.cpp"/>
