@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QObject>
 #include <QStandardPaths>
