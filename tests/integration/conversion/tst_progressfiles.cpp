@@ -59,7 +59,10 @@ void TestProgressFiles::claimedNamesDiffer() {
 }
 
 void TestProgressFiles::claimInNoFolderIsNothing() {
-  QVERIFY(!claimProgressFile(u"a.mkv"_s, path(u"nowhere"_s)).isThere());
+  QVERIFY(claimProgressFile(u"a.mkv"_s, path(u"made/for it"_s)).isThere());
+  QFile file(path(u"no folder"_s));
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  QVERIFY(!claimProgressFile(u"a.mkv"_s, file.fileName()).isThere());
 }
 
 void TestProgressFiles::sweepsWhatNobodyHolds_data() {
