@@ -1,6 +1,7 @@
 #include "Patience.h"
 
 #include <QSemaphore>
+#include <exception>
 #include <utility>
 
 #include "Dispatch.h"
@@ -17,6 +18,7 @@ int told = 0;  // waits that the presenter tells of
 // One piece of work; but for the semaphore of the main thread.
 struct Wait {
   std::function<void()> done;
+  std::exception_ptr thrown;  // by the work; complete once `ready` is
   bool ended = false;
   bool tells = false;
   QSemaphore ready;
@@ -32,6 +34,7 @@ void finish(Wait &wait) {
   if (std::exchange(wait.ended, true)) return;
   if (wait.tells && told > 0 && --told == 0 && thePresenter) thePresenter->end();
   const std::function<void()> done = std::move(wait.done);
+  if (wait.thrown) std::rethrow_exception(std::exchange(wait.thrown, {}));
   done();
 }
 
@@ -46,7 +49,11 @@ void workPatiently(const QString &title, std::function<void()> work, std::functi
   const auto wait = std::make_shared<Wait>();
   wait->done = std::move(done);
   dispatch_async_back([work = std::move(work), wait] {
-    work();
+    try {
+      work();
+    } catch (...) {
+      wait->thrown = std::current_exception();
+    }
     wait->ready.release();
     dispatch_async_main([wait] { finish(*wait); });
   });

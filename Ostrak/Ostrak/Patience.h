@@ -19,9 +19,10 @@ class PatiencePresenter {
 void setPatiencePresenter(PatiencePresenter *presenter);
 
 // Main thread: does `work` on a worker thread and then `done` on the main thread. What is ready
-// within three tenths of a second is done before this returns; of what takes longer than half a second
-// the presenter tells by `title` until it is done. `work` reads values of its own only, and what it
-// throws ends the program.
+// within three tenths of a second is done before this returns; of what takes longer than half a
+// second the presenter tells by `title` until it is done. `work` reads values of its own only. What
+// it throws is thrown on the main thread in place of `done`: from here, or later from the event
+// loop.
 void workPatiently(const QString &title, std::function<void()> work, std::function<void()> done);
 
 // The same for work with a result, which `done` gets.

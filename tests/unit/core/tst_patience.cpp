@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QSemaphore>
 #include <QTest>
 #include <atomic>
@@ -9,6 +10,21 @@ using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 namespace {
+
+// Keeps what handlers throw, as the application object of the program does.
+class CatchingApplication final : public QCoreApplication {
+ public:
+  using QCoreApplication::QCoreApplication;
+  bool notify(QObject *receiver, QEvent *event) override {
+    try {
+      return QCoreApplication::notify(receiver, event);
+    } catch (const std::exception &exception) {
+      caught.append(QString::fromUtf8(exception.what()));
+      return true;
+    }
+  }
+  QStringList caught;
+};
 
 class RecordingPatience final : public PatiencePresenter {
  public:
@@ -34,6 +50,8 @@ class TestPatience final : public QObject {
   void withoutAPresenter();
   void presenterThatGoes();
   void exceptionsOfDoneReachTheCaller();
+  void exceptionsOfQuickWorkReachTheMainThread();
+  void exceptionsOfLongWorkReachTheEventLoop();
 
  private:
   // Starts work that goes on until `m_go` is released.
@@ -47,6 +65,9 @@ class TestPatience final : public QObject {
         [this, name](int) { m_presenter->seen.append(u"done "_s + name); });
   }
   [[nodiscard]] QStringList &seen() { return m_presenter->seen; }
+  [[nodiscard]] static QStringList &caught() {
+    return static_cast<CatchingApplication *>(QCoreApplication::instance())->caught;
+  }
 
   std::unique_ptr<RecordingPatience> m_presenter;
   QSemaphore m_go;
@@ -54,6 +75,7 @@ class TestPatience final : public QObject {
 
 void TestPatience::init() {
   QTest::failOnWarning(QRegularExpression(u".?"_s));
+  caught().clear();
   m_presenter = std::make_unique<RecordingPatience>();
   setPatiencePresenter(m_presenter.get());
 }
@@ -152,5 +174,38 @@ void TestPatience::exceptionsOfDoneReachTheCaller() {
   QCOMPARE(caught, 1);
 }
 
-QTEST_GUILESS_MAIN(TestPatience)
+// At once or, on a busy machine, from the event loop; once in either case.
+void TestPatience::exceptionsOfQuickWorkReachTheMainThread() {
+  const auto work = []() -> int { throw std::runtime_error("quick"); };
+  try {
+    patiently(u"t"_s, work, [this](int) { seen().append(u"done"_s); });
+  } catch (const std::runtime_error &exception) {
+    caught().append(QString::fromUtf8(exception.what()));
+  }
+  QTRY_COMPARE(caught(), QStringList{u"quick"_s});
+  bool later = false;
+  dispatch_after_main([&] { later = true; }, 0.7F);
+  QTRY_VERIFY(later);
+  QCOMPARE(caught(), QStringList{u"quick"_s});
+  QCOMPARE(seen(), QStringList());
+}
+
+void TestPatience::exceptionsOfLongWorkReachTheEventLoop() {
+  const auto work = [this]() -> int {
+    m_go.acquire();
+    throw std::runtime_error("long");
+  };
+  patiently(u"t"_s, work, [this](int) { seen().append(u"done"_s); });
+  QTRY_COMPARE(seen(), QStringList{u"begin t"_s});
+  m_go.release();
+  QTRY_COMPARE(caught(), QStringList{u"long"_s});
+  // The telling has ended, and nothing was done.
+  QCOMPARE(seen(), QStringList({u"begin t"_s, u"end"_s}));
+}
+
+int main(int argc, char **argv) {
+  CatchingApplication application(argc, argv);
+  TestPatience test;
+  return QTest::qExec(&test, argc, argv);
+}
 #include "tst_patience.moc"
