@@ -36,24 +36,26 @@ QByteArrayView takeWhile(QByteArrayView &rest, Test test) {
 }  // namespace
 
 RichTextToken RichTextScanner::next() {
-  // Line ends are how the writer kept its lines short; they mean nothing.
-  takeWhile(m_rest, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
-  if (m_rest.isEmpty()) return {};
-  const char first = m_rest.front();
-  if (first != '{' && first != '}' && first != '\\') return letters();
-  m_rest = m_rest.sliced(1);
-  if (first == '{') return {Kind::Open, {}, false, 0};
-  if (first == '}') return {Kind::Close, {}, false, 0};
-  return afterBackslash();
+  while (true) {
+    // Line ends are how the writer kept its lines short; they mean nothing.
+    takeWhile(m_rest, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+    if (m_rest.isEmpty()) return {};
+    const char first = m_rest.front();
+    if (first != '{' && first != '}' && first != '\\') return letters();
+    m_rest = m_rest.sliced(1);
+    if (first == '{') return {Kind::Open, {}, false, 0};
+    if (first == '}') return {Kind::Close, {}, false, 0};
+    if (const auto token = afterBackslash()) return *token;
+  }
 }
 
-RichTextToken RichTextScanner::afterBackslash() {
+std::optional<RichTextToken> RichTextScanner::afterBackslash() {
   if (m_rest.isEmpty()) return {};
   const char first = m_rest.front();
   if (isLetter(first)) return word();
   m_rest = m_rest.sliced(1);
   if (first == '\'') return hexByte();
-  return {Kind::Symbol, QByteArray(1, first), false, 0};
+  return RichTextToken{Kind::Symbol, QByteArray(1, first), false, 0};
 }
 
 RichTextToken RichTextScanner::word() {
@@ -75,16 +77,16 @@ RichTextToken RichTextScanner::word() {
 }
 
 // Without its two digits it is nothing, and what stands there is text.
-RichTextToken RichTextScanner::hexByte() {
+std::optional<RichTextToken> RichTextScanner::hexByte() {
   if (m_rest.size() < 2) {
     m_rest = {};
     return {};
   }
   const int high = hexDigit(m_rest[0]);
   const int low = hexDigit(m_rest[1]);
-  if (high < 0 || low < 0) return next();
+  if (high < 0 || low < 0) return {};
   m_rest = m_rest.sliced(2);
-  return {Kind::Byte, {}, true, high * 16 + low};
+  return RichTextToken{Kind::Byte, {}, true, high * 16 + low};
 }
 
 RichTextToken RichTextScanner::letters() {

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <optional>
 
 namespace ostrak {
 
@@ -25,9 +26,10 @@ class RichTextScanner final {
   [[nodiscard]] RichTextToken next();
 
  private:
-  [[nodiscard]] RichTextToken afterBackslash();
+  // None where nothing is to be seen; the next piece follows.
+  [[nodiscard]] std::optional<RichTextToken> afterBackslash();
   [[nodiscard]] RichTextToken word();
-  [[nodiscard]] RichTextToken hexByte();
+  [[nodiscard]] std::optional<RichTextToken> hexByte();
   [[nodiscard]] RichTextToken letters();
 
   QByteArrayView m_rest;

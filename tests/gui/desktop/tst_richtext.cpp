@@ -130,6 +130,8 @@ class TestRichText final : public QObject {
     row("cut after a backslash", "{\\rtf1 a\\", u"a"_s);
     row("cut within a byte", "{\\rtf1 a\\'4", u"a"_s);
     row("no digits in a byte", "{\\rtf1 a\\'zzb", u"azzb"_s);
+    row("many bytes without digits", "{\\rtf1 a" + QByteArray("\\'").repeated(1'000'000) + "zb}",
+        u"azb"_s);
     row("too many ends", "{\\rtf1 a}}}} b", u"a b"_s);
     row("a huge number", "{\\rtf1\\fs99999999999999999999 a}", u"<200|a>"_s);
     row("a negative size", "{\\rtf1\\fs-40 a\\li-500 b}", u"ab"_s);
