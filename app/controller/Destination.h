@@ -14,7 +14,7 @@ class ClaimedNames;
 struct Destination {
   QUrl url;
   QUrl securityURL;       // the folder whose access was started for the job; empty when none was
-  bool replaces = false;  // the user has agreed to replace what is there
+  bool replaces = false;  // the user has agreed to replace what is there; it is still there
 };
 
 // Told once, at once or when the user has answered; nothing when the user cancelled, or was told

@@ -1,7 +1,6 @@
 #include "DestinationRoad.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QPointer>
 #include <memory>
@@ -99,10 +98,10 @@ void DestinationRoad::askEachTime(const Request &request) {
 void DestinationRoad::targetChosen(const Request &request, const QString &path) {
   afterLook(
       request, [look = m_look, path] { look(QFileInfo(path).path()); },
-      [this, request, path] { replaceTarget(request, path); });
+      [this, request, path] { checkTarget(request, path); });
 }
 
-void DestinationRoad::replaceTarget(const Request &request, const QString &path) {
+void DestinationRoad::checkTarget(const Request &request, const QString &path) {
   const QString source = request.record.fileURL.toLocalFile();
   const QString subtitle = request.record.subtitleFileURL.toLocalFile();
   if (path == source || ostrak::isSameFile(path, source) || ostrak::isSameFile(path, subtitle) ||
@@ -114,8 +113,6 @@ void DestinationRoad::replaceTarget(const Request &request, const QString &path)
     request.answer({});
     return;
   }
-  // What another job is writing, or has written, is not this one's to replace.
-  if (!request.claimed.isClaimed(path)) QFile::remove(path);
   request.answer(Destination{ostrak::fileURL(path), {}, true});
 }
 
@@ -159,7 +156,13 @@ void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
       [look = m_look, bookmark] {
         if (const auto path = ostrak::folderOfBookmark(bookmark)) look(*path);
       },
-      [this, request, folder] { intoResolvedFolder(request, folder); });
+      [this, request, folder, bookmark] {
+        // The preferences are open to the user while this looks.
+        if (DestinationFolders::bookmarkAt(folder) == bookmark)
+          intoResolvedFolder(request, folder);
+        else
+          request.answer({});
+      });
 }
 
 void DestinationRoad::intoResolvedFolder(const Request &request, qsizetype folder) {

@@ -51,7 +51,7 @@ class DestinationRoad final : public QObject {
   void afterLook(const Request &request, std::function<void()> look, std::function<void()> then);
   void askEachTime(const Request &request);
   void targetChosen(const Request &request, const QString &path);
-  void replaceTarget(const Request &request, const QString &path);
+  void checkTarget(const Request &request, const QString &path);
   void nextToSource(const Request &request);
   // Whether a folder was open that holds the target; the answer has been given then.
   bool intoOpenedFolder(const Request &request);

@@ -28,6 +28,9 @@ class TestDestinationAnswers final : public QObject {
   void accessEndsWithTheJob();
   void accessEndsWithARefusedJob();
   void aRecordSkippedMeanwhileIsNotQueued();
+  void anAgreementIsForAJobOnly_data();
+  void anAgreementIsForAJobOnly();
+  void nothingIsAddedAfterTheEnd();
   void skippingStopsAProbeThatHangs();
 
  private:
@@ -168,6 +171,36 @@ void TestDestinationAnswers::aRecordSkippedMeanwhileIsNotQueued() {
   QCOMPARE(m_p->sandbox.open, 0);
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
   QCOMPARE(m_p->intake().fileInfo()->fileName, u"b.mkv"_s);
+}
+
+void TestDestinationAnswers::anAgreementIsForAJobOnly_data() {
+  QTest::addColumn<bool>("skipped");
+  QTest::newRow("added") << false;
+  QTest::newRow("skipped meanwhile") << true;
+}
+
+void TestDestinationAnswers::anAgreementIsForAJobOnly() {
+  QFETCH(bool, skipped);
+  const QString there = m_p->path(u"out.m4v"_s);
+  QFile old(there);
+  QVERIFY(old.open(QIODevice::WriteOnly) && old.write("the user's own") == 14);
+  old.close();
+  show(u"fail.mkv"_s);
+  (void)m_p->controller->addToQueue();
+  if (skipped) m_p->intake().cancelAdd();
+  m_answer(Destination{QUrl::fromLocalFile(there), {}, true});
+  QTRY_COMPARE(m_p->count(JobStateFailed), skipped ? 0 : 1);
+  QVERIFY(old.open(QIODevice::ReadOnly));
+  QCOMPARE(old.readAll() == "the user's own", skipped);
+}
+
+void TestDestinationAnswers::nothingIsAddedAfterTheEnd() {
+  show(u"a.mkv"_s);
+  (void)m_p->controller->addToQueue();
+  m_p->controller->applicationWillTerminate();
+  m_answer(Destination{QUrl::fromLocalFile(m_p->path(u"a.m4v"_s)), {}, false});
+  QVERIFY(m_p->queue().taskArray().isEmpty());
+  QVERIFY(m_p->converted().isEmpty());
 }
 
 void TestDestinationAnswers::skippingStopsAProbeThatHangs() {

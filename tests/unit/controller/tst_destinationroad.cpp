@@ -125,7 +125,8 @@ void TestDestinationRoad::replacesWhatTheUserAgreedTo() {
   choose(0, file(u"Film.mkv"_s));
   QVERIFY(m_panels->reply(there));
   QCOMPARE(chosen(), there);
-  QVERIFY(!QFile::exists(there));
+  // That is for whoever makes a job of it.
+  QVERIFY(QFile::exists(there));
 }
 
 void TestDestinationRoad::leavesWhatAJobHasClaimed() {

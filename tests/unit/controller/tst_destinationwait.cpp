@@ -44,6 +44,7 @@ class TestDestinationWait final : public QObject {
   void slowFolderIsWaitedFor_data();
   void slowFolderIsWaitedFor();
   void goneFolderAnswersNothing();
+  void folderTakenOffTheListAnswersNothing();
   void roadThatGoesAnswersNobody();
   void looksIntoTheFolder_data();
   void looksIntoTheFolder();
@@ -145,6 +146,17 @@ void TestDestinationWait::goneFolderAnswersNothing() {
   // Whoever guards the event loop tells why.
   QTRY_COMPARE(m_program->presenter().presented.size(), 1);
   QVERIFY(m_program->presenter().presented.first().problemReport);
+}
+
+// The list is changed in the preferences while the folder is looked at.
+void TestDestinationWait::folderTakenOffTheListAnswersNothing() {
+  choose(folder);
+  QVERIFY(open());
+  m_folders->removeAt(0);
+  m_go.release();
+  QTRY_COMPARE(m_answers.size(), 1);
+  QVERIFY(!m_answers.first());
+  QVERIFY(m_program->presenter().presented.isEmpty());
 }
 
 void TestDestinationWait::roadThatGoesAnswersNobody() {
