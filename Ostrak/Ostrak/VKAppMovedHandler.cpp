@@ -78,8 +78,10 @@ void VKAppMovedHandler::look() {
     place = bundlePath();
     m_anchor.set(nativePath(place.isNull() ? m_home : place));
   } while (place != bundlePath());
+  if (isAtHome()) m_keptAt = m_home;
   if (isAtHome() || (!place.isNull() && place == m_keptAt)) return;
   m_telling = true;
+  m_program.hold();
   postAlert(
       apptitledAlert(filledWithName(localized(u"%@ has been moved, but applications should never "
                                               "be moved while they are running."_s)),

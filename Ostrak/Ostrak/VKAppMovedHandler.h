@@ -23,6 +23,8 @@ struct MovedProgram {
   QString executable;  // absolute; the folder that it is in is the bundle
   SingleInstance &singleInstance;
   ProgramLauncher &launcher;
+  // Nothing new may be started from the place that the program has left.
+  std::function<void()> hold;
   // Whether the program may end; asks the user where something is at stake.
   std::function<bool()> mayQuit;
   // Ends it without a question.
@@ -33,9 +35,9 @@ struct MovedProgram {
 // tells the user, starts the program from its new place and ends this one. What happens inside the
 // bundle is not looked at, nor is a move that was undone before three seconds were over.
 //
-// Where the user keeps this one, because something runs, no other is started, and it goes on from
-// where it is. A bundle whose place the kernel cannot tell, deleted or moved to another volume,
-// cannot be started again: that is told. Main thread.
+// Where the user keeps this one, because something runs, no other is started; what runs goes on. A
+// bundle whose place the kernel cannot tell, deleted or moved to another volume, cannot be started
+// again: that is told. Main thread.
 class VKAppMovedHandler final : public QObject {
   Q_OBJECT
 

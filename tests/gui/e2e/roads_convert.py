@@ -47,10 +47,10 @@ class ConvertRoads(WindowCase):
         one, two, titles = (self.program.movie(name) for name in ("one.mkv", "two.mkv", "two.srt"))
 
         self.assertEqual(self.drag(one, two, titles), ("accepted", "copied"))
-        self.wait(lambda: self.described("one.mkv"), "the first movie in the panel")
+        self.wait(lambda: self.shown("one.mkv"), "the first movie in the panel")
         screen.click(screen.find("push button", "Start Conversion"))
-        self.wait(lambda: self.described("two.mkv"), "the second movie in the panel")
-        self.assertTrue(self.described("Subtitles: two.srt"))
+        self.wait(lambda: self.shown("two.mkv"), "the second movie in the panel")
+        self.assertTrue(self.shown("Subtitles: two.srt"))
         sounds = screen.find("combo box", "#1: eng .*")
         screen.click(sounds)
         screen.click(screen.find("list item", "#2: fre .*"))
@@ -70,9 +70,9 @@ class ConvertRoads(WindowCase):
         self.assertIn("ShowItems", called)
         self.assertIn(self.output_of("two.mkv").as_uri(), called)
 
-    def described(self, text):
-        """The label that stands for this text, which may be cut on the screen."""
-        return next((node for node in self.screen.walk() if node.get_description() == text), None)
+    def shown(self, text):
+        """The label of this text, which may be cut on the screen."""
+        return next((node for node in self.screen.walk() if node.get_name() == text), None)
 
     def test_subtitles_alone_are_refused(self):
         self.open()

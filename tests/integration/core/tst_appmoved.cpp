@@ -65,13 +65,14 @@ class TestAppMoved final : public QObject {
   void start(const QString &executable) {
     auto countdown = std::make_unique<ManualCountdown>();
     m_countdown = countdown.get();
-    m_handler = VKAppMovedHandler::startMoveObservation({executable, m_instance, m_launcher,
-                                                         [this] {
-                                                           note(u"ask"_s);
-                                                           return m_mayQuit;
-                                                         },
-                                                         [this] { note(u"quit"_s); }},
-                                                        std::move(countdown));
+    m_handler = VKAppMovedHandler::startMoveObservation(
+        {executable, m_instance, m_launcher, [this] { ++m_holds; },
+         [this] {
+           note(u"ask"_s);
+           return m_mayQuit;
+         },
+         [this] { note(u"quit"_s); }},
+        std::move(countdown));
   }
   void verifyTold() {
     QTRY_VERIFY(m_countdown->isRunning());
@@ -79,6 +80,7 @@ class TestAppMoved final : public QObject {
     QCOMPARE(presented().size(), 0);
     m_countdown->elapse();
     QTRY_VERIFY(!presented().isEmpty());
+    QVERIFY(m_holds > 0);
     QCOMPARE(presented().first().title, u"Decant"_s);
     QCOMPARE(presented().first().message,
              u"Decant has been moved, but applications should never be moved while they are "
@@ -99,6 +101,7 @@ class TestAppMoved final : public QObject {
   std::unique_ptr<VKAppMovedHandler> m_handler;
   ManualCountdown *m_countdown = nullptr;  // the handler's
   QStringList m_notes;
+  int m_holds = 0;
   bool m_mayQuit = true;
   bool m_starts = true;
 };
@@ -107,6 +110,7 @@ void TestAppMoved::init() {
   QTest::failOnWarning(QRegularExpression(u".*"_s));
   m_program = std::make_unique<ScratchProgram>();
   m_notes.clear();
+  m_holds = 0;
   m_mayQuit = m_starts = true;
   m_instance.held = true;
   make(u"top/mid/bundle/resources"_s);
