@@ -56,10 +56,12 @@ bool FencedPage::acceptNavigationRequest(const QUrl &address, NavigationType typ
 }
 
 void QuietView::contextMenuEvent(QContextMenuEvent *event) {
-  QMenu menu(this);
-  menu.addAction(page()->action(QWebEnginePage::Copy));
-  menu.addAction(page()->action(QWebEnginePage::SelectAll));
-  menu.exec(event->globalPos());
+  // The view may go while the menu is open, and takes it along.
+  auto *menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(page()->action(QWebEnginePage::Copy));
+  menu->addAction(page()->action(QWebEnginePage::SelectAll));
+  menu->popup(event->globalPos());
 }
 
 RealWebPage::RealWebPage(const WebPageSetup &setup, WebPageOwner &owner)

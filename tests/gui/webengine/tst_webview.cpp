@@ -1,3 +1,8 @@
+#include <QMenu>
+#include <QPointer>
+#include <QThread>
+#include <QTimer>
+
 #include "LivePage.h"
 #include "PageBrowser.h"
 #include "WebTestMain.h"
@@ -30,6 +35,7 @@ class TestWebView final : public QObject {
   void scrolls_data();
   void scrolls();
   void loadsOncePerView();
+  void menuGoesWithTheView();
 
  private:
   [[nodiscard]] PageServer &server() const { return m_b->server; }
@@ -186,6 +192,34 @@ void TestWebView::loadsOncePerView() {
   QVERIFY(second.hasTitle(u"online"_s));
   QCOMPARE(page->shownPage(), shown);
   QCOMPARE(server().asked.count(u"/new.html"_s), 2);
+}
+
+// The menu does not hold up the program, which may close the window under it.
+void TestWebView::menuGoesWithTheView() {
+  auto page = std::make_unique<LivePage>(*m_b);
+  QVERIFY(page->show());
+  QVERIFY(page->hasTitle(u"local"_s));
+  QPointer<QMenu> menu;
+  int loops = -1;  // that the menu runs in
+  QTimer look;
+  connect(&look, &QTimer::timeout, this, [&] {
+    menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (!menu) return;
+    look.stop();
+    loops = QThread::currentThread()->loopLevel();
+    if (loops > 0) menu->close();
+  });
+  look.start(20);
+  // Again when the page, which may not have been drawn yet, has not heard it.
+  for (int i = 0; i < 10 && loops < 0; ++i) {
+    QWidget *surface = (*page)->shownPage()->widget().focusProxy();
+    if (surface) QTest::mouseClick(surface, Qt::RightButton, {}, QPoint(40, 40));
+    (void)QTest::qWaitFor([&] { return loops >= 0; }, 3000);
+  }
+  QCOMPARE(loops, 0);
+  QCOMPARE(menu->actions().size(), 2);
+  page.reset();
+  QVERIFY(!menu);
 }
 
 int main(int argc, char **argv) {
