@@ -1,7 +1,9 @@
 #include "RealWebPage.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QFontInfo>
 #include <QMenu>
 #include <QPointer>
 #include <QWebEngineLoadingInfo>
@@ -26,6 +28,11 @@ QWebEngineScript withoutScrolling() {
   script.setWorldId(besideThePage);
   script.setSourceCode(u"document.documentElement.style.overflow = \"hidden\""_s);
   return script;
+}
+
+// Pages are written in sizes relative to that of the program's texts; pixels of the page.
+int letterSize() {
+  return QFontInfo(QApplication::font()).pixelSize();
 }
 
 }  // namespace
@@ -88,6 +95,8 @@ void RealWebPage::applySettings(bool scrolls) {
         Settings::AllowRunningInsecureContent, Settings::AutoLoadIconsForPage})
     settings.setAttribute(unwanted, false);
   settings.setAttribute(Settings::PlaybackRequiresUserGesture, true);
+  settings.setFontSize(Settings::DefaultFontSize, letterSize());
+  settings.setFontSize(Settings::DefaultFixedFontSize, letterSize());
   if (scrolls) return;
   settings.setAttribute(Settings::ShowScrollBars, false);
   m_page.scripts().insert(withoutScrolling());

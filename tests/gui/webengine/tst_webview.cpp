@@ -1,3 +1,4 @@
+#include <QFontInfo>
 #include <QMenu>
 #include <QPointer>
 #include <QThread>
@@ -36,6 +37,7 @@ class TestWebView final : public QObject {
   void scrolls();
   void loadsOncePerView();
   void menuGoesWithTheView();
+  void lettersAreThoseOfTheProgram();
 
  private:
   [[nodiscard]] PageServer &server() const { return m_b->server; }
@@ -220,6 +222,24 @@ void TestWebView::menuGoesWithTheView() {
   QCOMPARE(menu->actions().size(), 2);
   page.reset();
   QVERIFY(!menu);
+}
+
+void TestWebView::lettersAreThoseOfTheProgram() {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPixelSize(QFontInfo(before).pixelSize() + 9);
+  QApplication::setFont(large);
+  QFile sheet(buildtree::source(u"app/resources/documents/page.css"_s));
+  QVERIFY(sheet.open(QIODevice::ReadOnly));
+  m_b->putPage(u"page.css"_s, sheet.readAll());
+  m_b->putPage(u"page.html"_s,
+               "<title>local</title><link rel='stylesheet' href='page.css'><p>text<pre>text");
+  LivePage page(*m_b);
+  const bool isShown = page.show() && page.hasTitle(u"local"_s);
+  QApplication::setFont(before);
+  QVERIFY(isShown);
+  const QString size = QString::number(large.pixelSize()) + u"px"_s;
+  QCOMPARE(page.ask(u"getComputedStyle(document.querySelector(\"p\")).fontSize"_s), size);
 }
 
 int main(int argc, char **argv) {
