@@ -92,7 +92,6 @@ void VKWebView::load() {
   m_engine = found.engine;
   if (!m_engine) {
     giveUpEngine(found.problem);
-    m_text->replaceByOnlineCopy(m_remoteHTMLURL);
     return;
   }
   loadLocal();
@@ -104,7 +103,7 @@ void VKWebView::loadLocal() {
   const QColor paper = palette().color(QPalette::Base);
   m_comingLocal = m_engine->makePage({tk->resDir(), m_scrolls, paper, isDark(paper)}, *this);
   m_comingLocal->load(m_local);
-  m_localPatience.start();
+  if (!m_shown) m_localPatience.start();
 }
 
 void VKWebView::loadRemote() {
@@ -182,6 +181,7 @@ void VKWebView::giveUpEngine(const QString &why) {
   m_comingRemote.reset();
   m_shown.reset();
   showText();
+  m_text->replaceByOnlineCopy(m_remoteHTMLURL);
   if (changesZoom(m_zoomFactor)) m_zoomFactor.reset();
 }
 

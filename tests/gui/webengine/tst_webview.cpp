@@ -1,11 +1,15 @@
+#include <sys/stat.h>
+
 #include <QFontInfo>
 #include <QMenu>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
 
+#include "Dispatch.h"
 #include "LivePage.h"
 #include "PageBrowser.h"
+#include "Renderers.h"
 #include "WebTestMain.h"
 
 using namespace Qt::StringLiterals;
@@ -38,6 +42,8 @@ class TestWebView final : public QObject {
   void loadsOncePerView();
   void menuGoesWithTheView();
   void lettersAreThoseOfTheProgram();
+  void onlineCopyFollowsAnEngineThatEnded();
+  void shownPageStaysHoweverLongTheNextTakes();
 
  private:
   [[nodiscard]] PageServer &server() const { return m_b->server; }
@@ -240,6 +246,42 @@ void TestWebView::lettersAreThoseOfTheProgram() {
   QVERIFY(isShown);
   const QString size = QString::number(large.pixelSize()) + u"px"_s;
   QCOMPARE(page.ask(u"getComputedStyle(document.querySelector(\"p\")).fontSize"_s), size);
+}
+
+void TestWebView::onlineCopyFollowsAnEngineThatEnded() {
+  m_b->putLibrary(u"OstrakFetch"_s);
+  LivePage page(*m_b);
+  server().hold(u"/new.html"_s);
+  QVERIFY(page.show(u"/new.html"_s));
+  QVERIFY(page.hasTitle(u"local"_s));
+  QTRY_VERIFY_WITH_TIMEOUT(!server().asked.isEmpty(), LivePage::patience);
+  QVERIFY(endRenderers());
+  QTRY_VERIFY_WITH_TIMEOUT(page->textView(), LivePage::patience);
+  QCOMPARE(page->textView()->toPlainText(), u"Local page"_s);
+  server().release();
+  QTRY_COMPARE_WITH_TIMEOUT(page->textView()->toPlainText(), u"Online page"_s, LivePage::patience);
+}
+
+void TestWebView::shownPageStaysHoweverLongTheNextTakes() {
+  m_b->putPage(u"page.html"_s,
+               "<title>local</title><body style='margin:0'><a href='page.html'"
+               " style='display:block;width:300px;height:200px'>again</a>");
+  LivePage page(*m_b);
+  QVERIFY(page.show());
+  QVERIFY(page.hasTitle(u"local"_s));
+  // From now on nothing comes from there.
+  const QString path = m_b->program.library().resDir() + u"/page.html"_s;
+  QVERIFY(QFile::remove(path));
+  QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+  QVERIFY(page.clickLink());
+  bool later = false;
+  dispatch_after_main([&] { later = true; }, 2.5F);
+  QTRY_VERIFY_WITH_TIMEOUT(later, LivePage::patience);
+  const bool isText = page->textView();
+  QFile end(path);
+  QVERIFY(end.open(QIODevice::ReadWrite));
+  QVERIFY(!isText);
+  QCOMPARE(page.ask(u"document.title"_s), u"local"_s);
 }
 
 int main(int argc, char **argv) {
