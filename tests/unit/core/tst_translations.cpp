@@ -83,6 +83,17 @@ class TestTranslations final : public QObject {
     QCOMPARE(localized(u"no text of the program"_s), u"no text of the program"_s);
   }
 
+  // The folder of the documents is a text of the catalogue; each language has every page.
+  void leadsToDocumentsOfItsOwn() {
+    const Translations translations(catalogues, {u"de"_s});
+    QCOMPARE(localized(u"documents/en"_s), u"documents/de"_s);
+    const auto pagesIn = [](const QString &folder) {
+      return QDir(buildtree::source(QString(u"app/resources/"_s + folder))).entryList(QDir::Files);
+    };
+    QVERIFY(pagesIn(u"documents/en"_s).size() > 1);
+    QCOMPARE(pagesIn(u"documents/de"_s), pagesIn(u"documents/en"_s));
+  }
+
   void passesOverADamagedCatalogue() {
     const QTemporaryDir folder;
     QFile damaged(folder.filePath(u"decant_xx.qm"_s));
