@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -69,10 +70,19 @@ void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &clai
 void DestinationRoad::afterLook(const Request &request, std::function<void()> look,
                                 std::function<void()> then) {
   const auto late = std::make_shared<bool>(false);
-  ostrak::workPatiently(localized(u"Checking the Destination"_s), std::move(look),
-                        [road = QPointer(this), request, then = std::move(then), late] {
+  const auto failure = std::make_shared<std::exception_ptr>();
+  const auto guarded = [look = std::move(look), failure] {
+    try {
+      look();
+    } catch (...) {
+      *failure = std::current_exception();
+    }
+  };
+  ostrak::workPatiently(localized(u"Checking the Destination"_s), guarded,
+                        [road = QPointer(this), request, then = std::move(then), late, failure] {
                           if (!road) return;
                           try {
+                            if (*failure) std::rethrow_exception(*failure);
                             then();
                           } catch (...) {
                             // Nobody who could take it for an answer is listening any more.

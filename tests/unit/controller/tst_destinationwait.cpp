@@ -12,6 +12,7 @@
 #include "DestinationRoad.h"
 #include "Destinations.h"
 #include "Dispatch.h"
+#include "Exceptions.h"
 #include "FakePanels.h"
 #include "GuardedApplication.h"
 #include "Patience.h"
@@ -44,6 +45,7 @@ class TestDestinationWait final : public QObject {
   void slowFolderIsWaitedFor_data();
   void slowFolderIsWaitedFor();
   void goneFolderAnswersNothing();
+  void lookThatFailsAnswersNothing();
   void folderTakenOffTheListAnswersNothing();
   void roadThatGoesAnswersNobody();
   void looksIntoTheFolder_data();
@@ -146,6 +148,21 @@ void TestDestinationWait::goneFolderAnswersNothing() {
   // Whoever guards the event loop tells why.
   QTRY_COMPARE(m_program->presenter().presented.size(), 1);
   QVERIFY(m_program->presenter().presented.first().problemReport);
+}
+
+// The record stays shown, and whoever guards the event loop tells what happened.
+void TestDestinationWait::lookThatFailsAnswersNothing() {
+  m_road = std::make_unique<DestinationRoad>(*m_folders, *m_panels, [this](const QString &) {
+    m_looked.release();
+    m_go.acquire();
+    throw ostrak::Exception(u"Look"_s, u"no"_s);
+  });
+  choose(nextToSource);
+  QVERIFY(open());
+  m_go.release();
+  QTRY_COMPARE(m_answers.size(), 1);
+  QVERIFY(!m_answers.first());
+  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
 }
 
 // The list is changed in the preferences while the folder is looked at.
