@@ -1,10 +1,10 @@
 #include <linux/magic.h>
 #include <sys/resource.h>
 
-#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
+#include <filesystem>
 
 #include "RealVolumes.h"
 
@@ -22,10 +22,11 @@ class TestVolumes final : public QObject {
     const QTemporaryDir folder;
     const Bytes space = RealVolumes().freeSpace(folder.path());
     QVERIFY(space);
-    const QStorageInfo storage(folder.path());
-    QVERIFY(*space <= static_cast<quint64>(storage.bytesTotal()));
-    const qint64 difference = storage.bytesAvailable() - static_cast<qint64>(*space);
-    QVERIFY(std::abs(difference) < storage.bytesTotal() / 10);
+    // Not Qt's look at it, which finds no volume where the root is not mounted by itself.
+    const auto storage = std::filesystem::space(folder.path().toStdString());
+    QVERIFY(*space <= storage.capacity);
+    const auto difference = static_cast<qint64>(storage.available) - static_cast<qint64>(*space);
+    QVERIFY(std::abs(difference) < static_cast<qint64>(storage.capacity / 10));
   }
 
   void aMissingFolderHasNoAnswer() {
