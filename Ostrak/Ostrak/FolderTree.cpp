@@ -204,6 +204,9 @@ void FolderTree::dropGone() {
 }
 
 void FolderTree::drop(const std::set<int> &watches) {
+  // What still waits to be walked below one of them is looked for anew, and not found.
+  m_parent = -1;
+  m_parentFolder = Descriptor();
   for (const int watch : watches) {
     m_nodes.erase(watch);
     m_inotify.remove(watch);

@@ -220,8 +220,14 @@ void MainWindow::addToQueue() {
 void MainWindow::addClicked() {
   m_parts->panels.askForFiles(movieFileTypes() + subtitleFileTypes(),
                               [this](const QStringList &paths) {
-                                if (!paths.isEmpty()) m_parts->app.intake().openFiles(paths);
+                                if (!paths.isEmpty()) take(paths);
                               });
+}
+
+// Files come with the wish to see what becomes of them.
+void MainWindow::take(const QStringList &paths) {
+  m_parts->app.intake().openFiles(paths);
+  openMainWindow();
 }
 
 void MainWindow::openPreferences() {

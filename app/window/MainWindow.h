@@ -75,6 +75,7 @@ class MainWindow final : public QMainWindow {
   void enlargeInvitation();
   void showDropPlace(bool shown);
   void addClicked();
+  void take(const QStringList &paths);
   void tellAbout();
   void paste();
   [[nodiscard]] QAction &action(const QString &name);

@@ -66,8 +66,7 @@ void MainWindow::dropEvent(QDropEvent *event) {
   showDropPlace(false);
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  m_parts->app.intake().openFiles(pathsOf(*event->mimeData()));
-  openMainWindow();
+  take(pathsOf(*event->mimeData()));
 }
 
 void MainWindow::paste() {
@@ -75,7 +74,7 @@ void MainWindow::paste() {
   if (!copied) return;
   QStringList paths = pathsOf(*copied);
   if (paths.isEmpty()) paths = pathsOfText(copied->text());
-  if (!paths.isEmpty()) m_parts->app.intake().openFiles(paths);
+  if (!paths.isEmpty()) take(paths);
 }
 
 void MainWindow::showDropPlace(bool shown) {

@@ -164,6 +164,10 @@ void TestWindowIntake::paste() {
   QGuiApplication::clipboard()->setMimeData(data);
   QTest::keyClick(&m_b->window(), Qt::Key_V, Qt::ControlModifier);
   QCOMPARE(shownInTurn(), shown);
+  // Whoever brings files wants to see what becomes of them.
+  m_b->window().setWindowState(Qt::WindowMinimized);
+  QVERIFY(m_b->trigger(u"pasteAction"_s));
+  QCOMPARE(m_b->window().isMinimized(), shown.isEmpty());
 }
 
 void TestWindowIntake::openPanelTakesMoviesAndSubtitles() {
