@@ -1,8 +1,10 @@
 #include "PreferencesWindow.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "Defaults.h"
 #include "DestinationFolders.h"
@@ -10,12 +12,32 @@
 #include "DisplayText.h"
 #include "InterfaceFile.h"
 #include "SettingBinder.h"
+#include "Text.h"
 #include "WheelGuard.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::outlet;
 
 namespace decant {
+
+namespace {
+
+// Stands in the list for as long as that is empty.
+QLabel *emptyListText(QListWidget &list) {
+  auto *label = new QLabel(
+      ostrak::localized(
+          u"No folders yet. Those that you add can be chosen as the place for new files."_s),
+      list.viewport());
+  label->setObjectName(u"noDestinations"_s);
+  label->setAlignment(Qt::AlignCenter);
+  label->setWordWrap(true);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  (new QVBoxLayout(list.viewport()))->addWidget(label);
+  return label;
+}
+
+}  // namespace
 
 PreferencesWindow::PreferencesWindow(QWidget *parent) : QDialog(parent) {}
 
@@ -26,6 +48,7 @@ void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folder
   binder.bind(*this);
   ostrak::isolateMenuEntries(*this);
   m_list = &outlet<QListWidget>(*this, u"destinationList"_s);
+  m_emptyListText = emptyListText(*m_list);
   m_remove = &outlet<QPushButton>(*this, u"removeDestinationButton"_s);
   m_destinations = new DestinationPopUp(outlet<QComboBox>(*this, u"preferencesDestinationPopUp"_s),
                                         folders, this);
@@ -48,6 +71,7 @@ void PreferencesWindow::listFolders() {
   m_list->clear();
   for (const QString &name : m_folders->names())
     m_list->addItem(ostrak::displayText(name, layoutDirection()));
+  m_emptyListText->setVisible(m_list->count() == 0);
   const QStringList paths = m_folders->paths();
   for (int row = 0; row < m_list->count(); ++row) {
     m_list->item(row)->setToolTip(paths.value(row));

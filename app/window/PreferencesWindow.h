@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -38,6 +39,7 @@ class PreferencesWindow final : public QDialog {
   DestinationFolders *m_folders = nullptr;
   DestinationPopUp *m_destinations = nullptr;
   QListWidget *m_list = nullptr;
+  QLabel *m_emptyListText = nullptr;
   QPushButton *m_remove = nullptr;
 };
 

@@ -328,7 +328,7 @@
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
         <source>or press Add. Subtitle files dropped with a movie of the same name go with it.</source>
-        <translation>oder „Hinzufügen“ drücken. Mit abgelegte Untertiteldateien gleichen Namens gehören zum Film.</translation>
+        <translation>oder „Hinzufügen“ drücken. Untertiteldateien gleichen Namens kommen mit.</translation>
     </message>
     <message>
         <location filename="../../../app/resources/ui/MainWindow.ui"/>
@@ -2328,6 +2328,11 @@ Ausgabe des Befehls: %@</translation>
         <location filename="../../../app/window/MissingForm.cpp"/>
         <source>%@ is missing from the program's folder; install Decant again.</source>
         <translation>%@ fehlt im Ordner des Programms; bitte Decant neu installieren.</translation>
+    </message>
+    <message>
+        <location filename="../../../app/window/PreferencesWindow.cpp"/>
+        <source>No folders yet. Those that you add can be chosen as the place for new files.</source>
+        <translation>Noch keine Ordner. Hinzugefügte stehen als Ziel neuer Dateien zur Wahl.</translation>
     </message>
     <message>
         <location filename="../../../app/window/WindowPanels.cpp"/>

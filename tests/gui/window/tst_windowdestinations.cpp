@@ -31,6 +31,7 @@ class TestWindowDestinations final : public QObject {
 
   void fourItemsWithoutFolders();
   void addingFromTheMainWindowOnlySelects();
+  void emptyListSaysSo();
   void addingFromThePreferencesIsTheDefault();
   void buttonOfThePreferencesAddsToo();
   void cancelledAdditionKeepsTheSelection();
@@ -92,6 +93,14 @@ void TestWindowDestinations::addingFromTheMainWindowOnlySelects() {
   QVERIFY(m_b->click(u"addButton"_s));
   QCOMPARE(m_b->queue().taskArray().value(0)->fileInfo().destinationURL.toLocalFile(),
            m_b->path(u"two/Film.m4v"_s));
+}
+
+void TestWindowDestinations::emptyListSaysSo() {
+  QVERIFY(m_b->trigger(u"preferencesAction"_s));
+  const auto *words = m_b->find<QLabel>(u"noDestinations"_s);
+  QVERIFY(words && !words->isHidden());
+  QVERIFY(m_b->addFolder(u"preferencesDestinationPopUp"_s, u"one"_s));
+  QVERIFY(words->isHidden());
 }
 
 void TestWindowDestinations::addingFromThePreferencesIsTheDefault() {
