@@ -10,6 +10,7 @@
 #include "DestinationFolders.h"
 #include "DestinationPopUp.h"
 #include "DisplayText.h"
+#include "ElidedLabel.h"
 #include "InterfaceFile.h"
 #include "SettingBinder.h"
 #include "Text.h"
@@ -24,14 +25,11 @@ namespace {
 
 // Stands in the list for as long as that is empty.
 QLabel *emptyListText(QListWidget &list) {
-  auto *label = new QLabel(
-      ostrak::localized(
-          u"No folders yet. Those that you add can be chosen as the place for new files."_s),
-      list.viewport());
+  auto *label = new ostrak::HintLabel(list.viewport());
   label->setObjectName(u"noDestinations"_s);
   label->setAlignment(Qt::AlignCenter);
-  label->setWordWrap(true);
-  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setText(ostrak::localized(
+      u"No folders yet. Those that you add can be chosen as the place for new files."_s));
   label->setAttribute(Qt::WA_TransparentForMouseEvents);
   (new QVBoxLayout(list.viewport()))->addWidget(label);
   return label;
