@@ -19,6 +19,7 @@
 #include "DisplayText.h"
 #include "DropMark.h"
 #include "ElidedLabel.h"
+#include "Exceptions.h"
 #include "FilePanel.h"
 #include "InterfaceFile.h"
 #include "JobActions.h"
@@ -213,8 +214,14 @@ void MainWindow::showEmptyOrList() {
   m_jobArea->setCurrentIndex(m_model->rowCount() == 0 ? 0 : 1);
 }
 
+// A destination that is gone is told here: the toolkit does not clean up after what is thrown
+// through the delivery of a click.
 void MainWindow::addToQueue() {
-  m_parts->app.addToQueue();
+  try {
+    m_parts->app.addToQueue();
+  } catch (const ostrak::Exception &exception) {
+    ostrak::postFeedback(exception.name(), exception.reason());
+  }
 }
 
 void MainWindow::addClicked() {
