@@ -70,7 +70,7 @@ QStringList DecantOutcome::story() const {
 DecantProgram::DecantProgram() {
   QFile::setPermissions(m_folder.path(), openToAll);
   for (const auto folder :
-       {"bundle/resources"_L1, "config"_L1, "data"_L1, "home"_L1, "tmp"_L1, "work"_L1})
+       {"bundle/resources"_L1, "config"_L1, "data"_L1, "home"_L1, "tmp"_L1, "movies"_L1})
     QDir().mkpath(m_folder.filePath(folder));
   copyOrDie(buildtree::bundle(u"decant"_s), program());
   copyOrDie(buildtree::bundle(u"resources/Info.json"_s),
@@ -95,7 +95,7 @@ DecantProgram::DecantProgram() {
 DecantProgram::~DecantProgram() = default;
 
 QString DecantProgram::path(const QString &relative) const {
-  return m_folder.filePath(u"work/"_s + relative);
+  return m_folder.filePath(u"movies/"_s + relative);
 }
 
 QString DecantProgram::program() const {

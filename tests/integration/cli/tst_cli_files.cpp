@@ -67,7 +67,7 @@ void TestCliFiles::subtitlesHoweverTheyAreWritten_data() {
   QTest::addColumn<QString>("subtitle");
   QTest::newRow("./ before the movie") << u"./a.mkv"_s << u"a.srt"_s;
   QTest::newRow("./ before the subtitles") << u"a.mkv"_s << u"./a.srt"_s;
-  QTest::newRow("out and in again") << u"../work/a.mkv"_s << u"a.srt"_s;
+  QTest::newRow("out and in again") << u"../movies/a.mkv"_s << u"a.srt"_s;
 }
 
 void TestCliFiles::subtitlesHoweverTheyAreWritten() {

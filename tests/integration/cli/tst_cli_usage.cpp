@@ -81,9 +81,9 @@ void TestCliUsage::wrongUsage_data() {
   row("an empty setting", {u"convert"_s, u"--set"_s, u""_s, u"a.mkv"_s}, "not ''");
   row("no file", {u"convert"_s}, "No FILE");
   row("no movie", {u"convert"_s, u"a.srt"_s}, "no movie among the FILEs");
-  row("no movie below a folder", {u"convert"_s, u"-r"_s, u"empty"_s}, "/work/empty'");
+  row("no movie below a folder", {u"convert"_s, u"-r"_s, u"empty"_s}, "/movies/empty'");
   row("no movie below two folders", {u"convert"_s, u"-r"_s, u"empty"_s, u"void/"_s},
-      "/work/empty', '");
+      "/movies/empty', '");
   row("unknown key", {u"convert"_s, u"--set"_s, u"Bogus=1"_s, u"a.mkv"_s}, "'Bogus'");
   row("bitrate 9", {u"convert"_s, u"--set"_s, u"AACBitrate=9"_s, u"a.mkv"_s}, "0 to 3");
   row("language 1", {u"convert"_s, u"--set"_s, u"DefaultAudio=1"_s, u"a.mkv"_s}, "0 or 2 to 8");

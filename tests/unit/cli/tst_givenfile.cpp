@@ -28,28 +28,28 @@ void TestGivenFile::absolute_data() {
   const auto row = [](const char *name, const QString &path) {
     QTest::newRow(name) << QByteArray(name) << path;
   };
-  row("film.mkv", u"/work folder/film.mkv"_s);
-  row("./a/../film.mkv", u"/work folder/./a/../film.mkv"_s);
-  row("a//film.mkv", u"/work folder/a//film.mkv"_s);
-  row("folder/", u"/work folder/folder/"_s);
+  row("film.mkv", u"/some folder/film.mkv"_s);
+  row("./a/../film.mkv", u"/some folder/./a/../film.mkv"_s);
+  row("a//film.mkv", u"/some folder/a//film.mkv"_s);
+  row("folder/", u"/some folder/folder/"_s);
   row("/other/./film.mkv", u"/other/./film.mkv"_s);
   row("//Host/film.mkv", u"//Host/film.mkv"_s);
-  row("file:film.mkv", u"/work folder/file:film.mkv"_s);
-  row("pipe:1.mkv", u"/work folder/pipe:1.mkv"_s);
-  row("-film.mkv", u"/work folder/-film.mkv"_s);
-  row("-", u"/work folder/-"_s);
-  row("100%n %41.mkv", u"/work folder/100%n %41.mkv"_s);
-  row("a?b#c;d.mkv", u"/work folder/a?b#c;d.mkv"_s);
-  row("it's \"quoted\" \\.mkv", u"/work folder/it's \"quoted\" \\.mkv"_s);
-  row("two\nlines.mkv", u"/work folder/two\nlines.mkv"_s);
-  row("\xef\xbb\xbfmark.mkv", u"/work folder/\ufeffmark.mkv"_s);
-  row("Größe \xf0\x9f\x8e\xac.mkv", u"/work folder/Größe 🎬.mkv"_s);
-  row("e\xcc\x81.mkv", u"/work folder/e\u0301.mkv"_s);
+  row("file:film.mkv", u"/some folder/file:film.mkv"_s);
+  row("pipe:1.mkv", u"/some folder/pipe:1.mkv"_s);
+  row("-film.mkv", u"/some folder/-film.mkv"_s);
+  row("-", u"/some folder/-"_s);
+  row("100%n %41.mkv", u"/some folder/100%n %41.mkv"_s);
+  row("a?b#c;d.mkv", u"/some folder/a?b#c;d.mkv"_s);
+  row("it's \"quoted\" \\.mkv", u"/some folder/it's \"quoted\" \\.mkv"_s);
+  row("two\nlines.mkv", u"/some folder/two\nlines.mkv"_s);
+  row("\xef\xbb\xbfmark.mkv", u"/some folder/\ufeffmark.mkv"_s);
+  row("Größe \xf0\x9f\x8e\xac.mkv", u"/some folder/Größe 🎬.mkv"_s);
+  row("e\xcc\x81.mkv", u"/some folder/e\u0301.mkv"_s);
 }
 
 void TestGivenFile::absolute() {
   QFETCH(const QByteArray, name);
-  const GivenFile file = givenFile(name, "/work folder");
+  const GivenFile file = givenFile(name, "/some folder");
   QVERIFY(!file.refused());
   QTEST(file.path, "path");
   QCOMPARE(file.given.toUtf8(), name);
