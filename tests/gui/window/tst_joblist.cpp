@@ -1,12 +1,10 @@
 #include <QAbstractButton>
-#include <QAction>
 #include <QApplication>
 #include <QColor>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHelpEvent>
-#include <QImage>
 #include <QList>
 #include <QMenu>
 #include <QObject>
@@ -53,32 +51,18 @@ class TestJobList final : public QObject {
 
  private:
   [[nodiscard]] JobRows list() { return JobRows(*m_b); }
-  [[nodiscard]] QString destination(int row) {
-    return m_b->queue().taskArray().at(row)->fileInfo().destinationURL.toLocalFile();
-  }
-  [[nodiscard]] JobState state(int row) { return m_b->queue().taskArray().at(row)->state(); }
-  [[nodiscard]] QAction &action(const QString &name) { return *m_b->find<QAction>(name); }
-  [[nodiscard]] bool shows(int row, const QColor &color) {
-    QImage image(list().view().viewport()->size(), QImage::Format_RGB32);
-    list().view().viewport()->render(&image);
-    const QRect place = list().layout(row).status;
-    for (int y = place.top(); y <= place.bottom(); ++y)
-      for (int x = place.left(); x <= qMin(place.right(), image.width() - 1); ++x)
-        if (image.pixelColor(x, y) == color) return true;
-    return false;
-  }
   std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobList::pauseAndContinue() {
   QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
-  QCOMPARE(state(0), JobStateConverting);
+  QCOMPARE(list().state(0), JobStateConverting);
   list().clickPauseContinue(0);
-  QCOMPARE(state(0), JobStatePaused);
+  QCOMPARE(list().state(0), JobStatePaused);
   list().clickPauseContinue(0);
-  QCOMPARE(state(0), JobStateConverting);
+  QCOMPARE(list().state(0), JobStateConverting);
   m_b->letGo();
-  QTRY_COMPARE(state(0), JobStateFinished);
+  QTRY_COMPARE(list().state(0), JobStateFinished);
   QVERIFY(list().layout(0).pauseContinue.isEmpty());
 }
 
@@ -86,15 +70,15 @@ void TestJobList::convertNow() {
   m_b->app().pauseContinueClicked(true);
   QVERIFY(m_b->queueUp({u"1slow.mkv"_s, u"2slow.mkv"_s}));
   list().clickPauseContinue(1);
-  QCOMPARE(state(1), JobStateConverting);
-  QCOMPARE(state(0), JobStateQueued);
+  QCOMPARE(list().state(1), JobStateConverting);
+  QCOMPARE(list().state(0), JobStateQueued);
 }
 
 void TestJobList::arrowReveals() {
   QVERIFY(m_b->queueUp({u"1.mkv"_s, u"2.mkv"_s}));
   QTRY_COMPARE(m_b->count(JobStateFinished), 2);
   list().clickArrow(1);
-  QCOMPARE(m_b->revealer.revealed, QStringList{destination(1)});
+  QCOMPARE(m_b->revealer.revealed, QStringList{list().destination(1)});
 }
 
 void TestJobList::arrowWithShiftRevealsTheSource() {
@@ -124,10 +108,10 @@ void TestJobList::removeButton() {
 
 void TestJobList::removeTheRunningJob() {
   QVERIFY(m_b->queueUp({u"hang.mkv"_s, u"2.mkv"_s}));
-  QTRY_COMPARE(state(0), JobStateConverting);
+  QTRY_COMPARE(list().state(0), JobStateConverting);
   list().clickRemove(0);
   QCOMPARE(m_b->names(), QStringList{u"2.mkv"_s});
-  QTRY_COMPARE(state(0), JobStateFinished);
+  QTRY_COMPARE(list().state(0), JobStateFinished);
 }
 
 void TestJobList::releasedElsewhereDoesNothing() {
@@ -185,8 +169,8 @@ void TestJobList::failedInColourAndInWords() {
     palette.setColor(QPalette::Text, dark ? QColor(Qt::white) : QColor(Qt::black));
     list().view().setPalette(palette);
     const QColor red = dark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb0, 0x1a, 0x1a);
-    QVERIFY(shows(0, red));
-    QVERIFY(!shows(1, red));
+    QVERIFY(list().shows(0, red));
+    QVERIFY(!list().shows(1, red));
   }
 }
 

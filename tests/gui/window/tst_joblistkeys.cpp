@@ -1,10 +1,8 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QColor>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
-#include <QImage>
 #include <QList>
 #include <QMenu>
 #include <QObject>
@@ -40,38 +38,25 @@ class TestJobListKeys final : public QObject {
 
  private:
   [[nodiscard]] JobRows list() { return JobRows(*m_b); }
-  [[nodiscard]] QString destination(int row) {
-    return m_b->queue().taskArray().at(row)->fileInfo().destinationURL.toLocalFile();
-  }
-  [[nodiscard]] JobState state(int row) { return m_b->queue().taskArray().at(row)->state(); }
   [[nodiscard]] QAction &action(const QString &name) { return *m_b->find<QAction>(name); }
-  [[nodiscard]] bool shows(int row, const QColor &color) {
-    QImage image(list().view().viewport()->size(), QImage::Format_RGB32);
-    list().view().viewport()->render(&image);
-    const QRect place = list().layout(row).status;
-    for (int y = place.top(); y <= place.bottom(); ++y)
-      for (int x = place.left(); x <= qMin(place.right(), image.width() - 1); ++x)
-        if (image.pixelColor(x, y) == color) return true;
-    return false;
-  }
   std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobListKeys::keys() {
   QVERIFY(m_b->queueUp({u"1.mkv"_s, u"2slow.mkv"_s}));
-  QTRY_COMPARE(state(1), JobStateConverting);
+  QTRY_COMPARE(list().state(1), JobStateConverting);
   list().view().setFocus();
   list().select(0);
   list().press(Qt::Key_Return);
-  QCOMPARE(m_b->revealer.revealed, QStringList{destination(0)});
+  QCOMPARE(m_b->revealer.revealed, QStringList{list().destination(0)});
   list().press(Qt::Key_Return, Qt::ShiftModifier);
   QCOMPARE(m_b->revealer.revealed.last(), m_b->path(u"1.mkv"_s));
   list().press(Qt::Key_Down);
   QCOMPARE(list().selected(), QList{1});
   list().press(Qt::Key_Space);
-  QCOMPARE(state(1), JobStatePaused);
+  QCOMPARE(list().state(1), JobStatePaused);
   list().press(Qt::Key_Space);
-  QCOMPARE(state(1), JobStateConverting);
+  QCOMPARE(list().state(1), JobStateConverting);
 }
 
 void TestJobListKeys::deleteRemovesTheSelection() {
@@ -133,7 +118,7 @@ void TestJobListKeys::actionsFollowTheSelection() {
   QTRY_COMPARE(m_b->count(JobStateFinished) + m_b->count(JobStateFailed), 2);
   QVERIFY(m_b->queueUp({u"3slow.mkv"_s}));
   QVERIFY(m_b->queueUp({u"4slow.mkv"_s}));
-  QCOMPARE(state(2), JobStateConverting);
+  QCOMPARE(list().state(2), JobStateConverting);
   const auto enabled = [this] {
     QStringList names;
     for (const QString &name : {u"jobPauseAction"_s, u"jobRevealAction"_s,
@@ -159,7 +144,7 @@ void TestJobListKeys::actionsFollowTheSelection() {
   QCOMPARE(enabled(), QStringList({u"Pause"_s, u"Remove"_s}));
   list().select(2);
   m_b->letGo();
-  QTRY_COMPARE(state(2), JobStateFinished);
+  QTRY_COMPARE(list().state(2), JobStateFinished);
   QTRY_COMPARE(enabled(), QStringList({u"Reveal"_s, u"RevealSource"_s, u"Remove"_s}));
 }
 

@@ -13,38 +13,22 @@
 #include <QUrl>
 
 #include "Defaults.h"
-#include "DestinationFolders.h"
-#include "DestinationRoad.h"
-#include "Destinations.h"
 #include "Exceptions.h"
-#include "FakePanels.h"
-#include "Sandbox.h"
-#include "ScratchProgram.h"
-#include "Settings.h"
+#include "RoadBench.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Folders of the menu: the way into them, and new ones.
-class TestDestinationRoadFolders final : public QObject {
+class TestDestinationRoadFolders final : public RoadBench {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
     QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    m_sandbox = std::make_unique<FakeSandbox>();
-    m_panels = std::make_unique<FakePanels>();
-    m_claimed = std::make_unique<ClaimedNames>();
-    m_answers.clear();
-    registerSettings();
-    make(true);
+    begin();
   }
-  void cleanup() {
-    m_road.reset();
-    m_folders.reset();
-    m_program.reset();
-  }
+  void cleanup() { end(); }
 
   void intoAFolder();
   void intoAFolderThatIsGone();
@@ -53,51 +37,6 @@ class TestDestinationRoadFolders final : public QObject {
   void addsAFolder_data();
   void addsAFolder();
   void cancelledAdditionChangesNothing();
-
- private:
-  void make(bool sandboxed) {
-    m_sandbox->active = sandboxed;
-    m_road.reset();
-    m_folders = std::make_unique<DestinationFolders>(*m_sandbox);
-    m_road = std::make_unique<DestinationRoad>(*m_folders, *m_panels);
-  }
-  [[nodiscard]] QString file(const QString &name) const {
-    QDir().mkpath(QFileInfo(m_program->path(name)).path());
-    QFile made(m_program->path(name));
-    if (!made.open(QIODevice::WriteOnly)) return {};
-    return made.fileName();
-  }
-  [[nodiscard]] QString folder(const QString &name) const {
-    QDir(m_program->root()).mkpath(name);
-    m_sandbox->granted.insert(m_program->path(name));
-    return m_program->path(name);
-  }
-  void choose(int index, const QString &source, const QString &subtitle = {}) {
-    MKVFileInfo record;
-    record.fileURL = QUrl::fromLocalFile(source);
-    record.fileName = QFileInfo(source).fileName();
-    if (!subtitle.isEmpty()) record.subtitleFileURL = QUrl::fromLocalFile(subtitle);
-    m_road->setMenuIndex(index);
-    m_road->choose(record, *m_claimed, [this](const auto &answer) { m_answers.append(answer); });
-  }
-  [[nodiscard]] QString chosen() const {
-    return m_answers.size() == 1 && m_answers.first() ? m_answers.first()->url.toLocalFile()
-                                                      : QString();
-  }
-  [[nodiscard]] bool choseNothing() const {
-    return m_answers.size() == 1 && !m_answers.first().has_value();
-  }
-  [[nodiscard]] const QList<ostrak::Alert> &told() const {
-    return m_program->presenter().presented;
-  }
-
-  std::unique_ptr<ScratchProgram> m_program;
-  std::unique_ptr<FakeSandbox> m_sandbox;
-  std::unique_ptr<FakePanels> m_panels;
-  std::unique_ptr<ClaimedNames> m_claimed;
-  std::unique_ptr<DestinationFolders> m_folders;
-  std::unique_ptr<DestinationRoad> m_road;
-  QList<std::optional<Destination>> m_answers;
 };
 
 void TestDestinationRoadFolders::intoAFolder() {

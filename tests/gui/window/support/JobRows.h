@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QColor>
+#include <QImage>
 #include <QTest>
 
 #include "JobListModel.h"
@@ -42,6 +44,24 @@ class JobRows final {
     return rows;
   }
 
+  [[nodiscard]] decant::JobState state(int row) const { return job(row).state(); }
+  [[nodiscard]] QString destination(int row) const {
+    return job(row).fileInfo().destinationURL.toLocalFile();
+  }
+  // Whether the status line has a dot of this colour.
+  [[nodiscard]] bool shows(int row, const QColor &color) const {
+    QImage image(view().viewport()->size(), QImage::Format_RGB32);
+    view().viewport()->render(&image);
+    const QRect place = layout(row).status;
+    for (int y = place.top(); y <= place.bottom(); ++y)
+      for (int x = place.left(); x <= qMin(place.right(), image.width() - 1); ++x)
+        if (image.pixelColor(x, y) == color) return true;
+    return false;
+  }
+
  private:
+  [[nodiscard]] const decant::ConversionJob &job(int row) const {
+    return *m_bench.queue().taskArray().at(row);
+  }
   WindowBench &m_bench;
 };
