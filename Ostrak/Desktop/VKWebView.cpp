@@ -8,6 +8,7 @@
 #include "OnDemand.h"
 #include "Ostrak.h"
 #include "PageBrowser.h"
+#include "ScaledFont.h"
 #include "Url.h"
 
 using namespace Qt::StringLiterals;
@@ -191,11 +192,7 @@ void VKWebView::showText() {
   m_text->setFrameStyle(QFrame::NoFrame);
   m_text->setAccessibleName(accessibleName());
   m_text->setScrolling(m_scrolls);
-  if (changesZoom(m_zoomFactor)) {
-    QFont font = m_text->font();
-    font.setPointSizeF(font.pointSizeF() * *m_zoomFactor);
-    m_text->setFont(font);
-  }
+  if (changesZoom(m_zoomFactor)) m_text->setFont(scaledFont(m_text->font(), *m_zoomFactor));
   if (!m_local.isEmpty()) (void)m_text->showHtmlFile(m_local.toLocalFile());
   m_layout->addWidget(m_text);
   m_layout->setCurrentWidget(m_text);

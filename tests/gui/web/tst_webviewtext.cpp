@@ -125,6 +125,28 @@ class TestWebViewText final : public QObject {
     QCOMPARE(view->zoomFactor().has_value(), factor == QVariant(1.00005));
   }
 
+  void zoomsLetters_data() {
+    QTest::addColumn<QFont>("font");
+    QFont points;
+    points.setPointSizeF(20);
+    QTest::newRow("of a size in points") << points;
+    QFont pixels;
+    pixels.setPixelSize(20);
+    QTest::newRow("of a size in pixels") << pixels;
+  }
+  void zoomsLetters() {
+    QFETCH(QFont, font);
+    View view;
+    view->setFont(font);
+    view->setLocalHTMLName(u"page.html"_s);
+    view->setZoomFactor(0.8);
+    QVERIFY(view.show());
+    QTRY_VERIFY(view->textView());
+    const QFont shown = view->textView()->font();
+    QCOMPARE(shown.pointSizeF(), font.pointSizeF() > 0 ? 16.0 : -1.0);
+    QCOMPARE(shown.pixelSize(), font.pixelSize() > 0 ? 16 : -1);
+  }
+
   void tellsWhatCannotBeRead() {
     View view;
     view->setLocalHTMLName(u"none.html"_s);
