@@ -9,6 +9,8 @@
 #include <QLibraryInfo>
 #include <QOpenGLContext>
 #include <QQuickWindow>
+#include <optional>
+#include <utility>
 
 #include "RealWebPage.h"
 
@@ -44,8 +46,9 @@ bool mayMakeNamespaces() {
   return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// The engine reads its environment with the first page; the program's other children need not see
-// what is meant for it.
+// The engine reads its environment with the first page of the process; the program's other children
+// need not see what is meant for it. Afterwards nothing may change there: the engine's threads read
+// it at any time.
 class EngineEnvironment final {
  public:
   explicit EngineEnvironment(bool prefersDark) {
@@ -93,8 +96,6 @@ QString findProblem() {
 // uses it. One that is empty costs nothing; a real one, asked for at the program's start as the
 // engine's manual says, costs every start 50 ms and 38 MB.
 void prepare() {
-  static bool prepared = false;
-  if (std::exchange(prepared, true)) return;
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   if (QOpenGLContext::globalShareContext()) return;
   static std::unique_ptr<QOpenGLContext> empty;
@@ -115,8 +116,12 @@ QString RealWebEngine::problem() const {
 }
 
 std::unique_ptr<WebPage> RealWebEngine::makePage(const WebPageSetup &setup, WebPageOwner &owner) {
-  prepare();
-  const EngineEnvironment environment(setup.prefersDark);
+  static bool isStarted = false;
+  std::optional<EngineEnvironment> environment;
+  if (!std::exchange(isStarted, true)) {
+    prepare();
+    environment.emplace(setup.prefersDark);
+  }
   return std::make_unique<RealWebPage>(setup, owner);
 }
 

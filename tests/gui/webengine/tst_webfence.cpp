@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include "EnvironmentWatch.h"
 #include "LivePage.h"
 #include "WebTestMain.h"
 
@@ -30,6 +31,7 @@ class TestWebFence final : public QObject {
   void localPageSeesItsFolderOnly();
   void onlinePageSeesNoFile();
   void keepsNothing();
+  void leavesTheEnvironmentAlone();
 
  private:
   static QByteArray pageWithLink(const QString &link, const QByteArray &more = {}) {
@@ -177,6 +179,22 @@ void TestWebFence::keepsNothing() {
   while (files.hasNext())
     written.append(files.next());
   QCOMPARE(written, QStringList());
+}
+
+// But for the first page of a process: then the engine's threads, which read it, run.
+void TestWebFence::leavesTheEnvironmentAlone() {
+  LivePage first(*m_b);
+  QVERIFY(first.show());
+  QVERIFY(first.hasTitle(u"local"_s));
+  EnvironmentWatch watch;
+  LivePage later(*m_b);
+  QPalette dark;
+  dark.setColor(QPalette::Base, Qt::black);
+  later->setPalette(dark);
+  QVERIFY(later.show());
+  QVERIFY(later.hasTitle(u"local"_s));
+  QVERIFY(watch.looks() > 0);
+  QCOMPARE(watch.changes(), 0);
 }
 
 int main(int argc, char **argv) {
