@@ -152,7 +152,6 @@ void VKWebView::showPage(std::unique_ptr<WebPage> page) {
   setFocusProxy(&page->widget());
   m_shown = std::move(page);
   delete std::exchange(m_text, nullptr);
-  Q_EMIT pageShown();
 }
 
 void VKWebView::pageFailed(WebPage &page, const QUrl &address, int error) {
@@ -197,7 +196,6 @@ void VKWebView::showText() {
   m_layout->addWidget(m_text);
   m_layout->setCurrentWidget(m_text);
   setFocusProxy(m_text);
-  Q_EMIT pageShown();
 }
 
 }  // namespace ostrak

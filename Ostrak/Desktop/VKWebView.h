@@ -48,10 +48,6 @@ class VKWebView final : public QFrame, private WebPageOwner {
   // The text view in the engine's place; null when there is none.
   [[nodiscard]] PageBrowser *textView() const { return m_text; }
 
- Q_SIGNALS:
-  // A page has come to be shown.
-  void pageShown();
-
  protected:
   void paintEvent(QPaintEvent *event) override;
 
