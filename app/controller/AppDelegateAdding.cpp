@@ -86,7 +86,7 @@ Admission AppDelegate::addJob(std::unique_ptr<ConversionJob> job) {
     // An earlier success asked for the end; this job's own will ask again.
     m_quitWanted = false;
     const bool atBottom = settingBool("InsertJobsAtBottom");
-    if (!m_queue.paused() && jobCountWithState(JobStateConverting) == 0 && !filesWait) {
+    if (m_queue.mayStartNew() && !filesWait) {
       tried = job.get();
       m_queue.insertStarted(std::move(job), atBottom);
     } else {

@@ -119,6 +119,7 @@ void JobQueue::startNextJobInQueue(const ConversionJob *alreadyTried) {
     triedBefore = tried.size();
     tryRunnable(tried);
   } while (m_askedAgain && tried.size() > triedBefore);
+  if (m_held && convertingJob() == nullptr) setPaused(true);
 }
 
 void JobQueue::startNextQueuedJob() {
@@ -150,6 +151,7 @@ bool JobQueue::launch(ConversionJob &job) {
 const JobQueue::Index::value_type *JobQueue::nextRunnable(Number after) {
   const Index::value_type *first = nullptr;
   for (const JobState state : {JobStateQueued, JobStatePaused}) {
+    if (m_held && state == JobStateQueued) continue;
     const auto found = index(state).upper_bound(after);
     if (found != index(state).end() && (first == nullptr || found->first < first->first))
       first = &*found;
@@ -168,6 +170,11 @@ void JobQueue::setPaused(bool paused) {
   if (m_paused == paused) return;
   m_paused = paused;
   Q_EMIT pausedChanged(paused);
+}
+
+void JobQueue::hold() {
+  m_held = true;
+  setPaused(true);
 }
 
 void JobQueue::pauseConverting() {

@@ -33,6 +33,8 @@ class JobQueue final : public QObject {
   // The one that runs; null while none does. Constant time.
   [[nodiscard]] const ConversionJob *convertingJob() const;
   [[nodiscard]] bool paused() const { return m_paused; }
+  // Whether a job that arrives now may be started at once.
+  [[nodiscard]] bool mayStartNew() const { return mayStart() && !m_held; }
 
   // Puts a job at the top, or at the bottom.
   void insert(std::unique_ptr<ConversionJob> job, bool atBottom);
@@ -54,6 +56,9 @@ class JobQueue final : public QObject {
   void startNextQueuedJob();
   // Lifts or sets the paused mark, without touching jobs.
   void setPaused(bool paused);
+  // Pauses the queue for good: no queued job is started any more. Whoever lifts the mark resumes
+  // what had been started before; when that has ended, the mark is back.
+  void hold();
   // Pauses every converting job.
   void pauseConverting();
   // Removes these jobs, and starts the next one after the last of them: none of them is started
@@ -104,6 +109,7 @@ class JobQueue final : public QObject {
   Number m_top = 0;
   Number m_bottom = 1;
   bool m_paused = false;
+  bool m_held = false;
   bool m_starting = false;
   bool m_askedAgain = false;
   int m_holds = 0;  // while above 0, nothing is started

@@ -252,7 +252,7 @@ void WindowProgram::watchForMove() {
   };
   m_appMovedHandler = ostrak::VKAppMovedHandler::startMoveObservation(
       {ostrak::tk->setup().bundlePath + u"/decant"_s, m_desktop.singleInstance, m_desktop.programs,
-       [this] { m_app.queue().setPaused(true); }, mayRestart, [this] { quitAtOnce(); }});
+       [this] { m_app.queue().hold(); }, mayRestart, [this] { quitAtOnce(); }});
 }
 
 }  // namespace decant

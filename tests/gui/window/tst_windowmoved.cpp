@@ -2,6 +2,7 @@
 #include <QObject>
 #include <QStringList>
 #include <QTest>
+#include <csignal>
 
 #include "Alerts.h"
 #include "WindowBench.h"
@@ -29,6 +30,7 @@ class TestWindowMoved final : public QObject {
   void restartsAtTheNewPlace();
   void asksWhileAJobConverts_data();
   void asksWhileAJobConverts();
+  void keptOneStartsNothingNew();
   void endsByASignalWhileItAsks();
 
  private:
@@ -77,6 +79,26 @@ void TestWindowMoved::asksWhileAJobConverts() {
   QCOMPARE(m_b->programs.launched, quits ? m_places : QStringList());
   QCOMPARE(m_b->instance.held, !quits);
   QCOMPARE(m_b->count(JobStateConverting), quits ? 0 : 1);
+}
+
+void TestWindowMoved::keptOneStartsNothingNew() {
+  QVERIFY(m_b->queueUp({u"still.mkv"_s}));
+  QVERIFY(m_b->queueUp({u"2.mkv"_s, u"3.mkv"_s}));
+  QTRY_VERIFY_WITH_TIMEOUT(m_b->scenario.announced(u"running"_s), 30'000);
+  const int tool = m_b->scenario.calls().last().value(u"pid"_s).toInt();
+  QVERIFY(tool > 1);
+  m_b->program.presenter().answer(ostrak::firstButton);
+  m_b->program.presenter().answer(ostrak::secondButton);
+  moveIt();
+  QVERIFY2(waitForAlerts(2), qPrintable(m_b->told().join(u'\n')));
+  ConversionJob &running = *m_b->queue().taskArray().first();
+  running.pause();
+  running.continue_();
+  QCOMPARE(running.state(), JobStateConverting);
+  QCOMPARE(::kill(tool, SIGKILL), 0);
+  QTRY_COMPARE(running.state(), JobStateFailed);
+  // Its next one would be tried in the same turn.
+  QCOMPARE(m_b->count(JobStateQueued), 2);
 }
 
 void TestWindowMoved::endsByASignalWhileItAsks() {

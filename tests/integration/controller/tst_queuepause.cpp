@@ -29,6 +29,9 @@ class TestQueuePause final : public QObject {
   void individuallyResumedJobLiftsThePausedMark();
   void startingASecondJobPausesTheFirst();
   void pausingOneJobStartsNoOther();
+  void heldQueueStartsNothingAfterAResume();
+  void heldQueueResumesWhatWasStarted();
+  void heldQueueStartsNoNewJob();
 
  private:
   void pauseClick() { m_p->controller->pauseContinueClicked(true); }
@@ -130,6 +133,44 @@ void TestQueuePause::pausingOneJobStartsNoOther() {
   QVERIFY(!m_p->queue().paused());
   first->continue_();
   QCOMPARE(first->state(), JobStateConverting);
+}
+
+void TestQueuePause::heldQueueStartsNothingAfterAResume() {
+  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  const ConversionJob *second = m_p->add(u"2.mkv"_s);
+  m_p->queue().hold();
+  QVERIFY(m_p->queue().paused());
+  QCOMPARE(first->state(), JobStateConverting);
+  first->pause();
+  first->continue_();
+  QCOMPARE(first->state(), JobStateConverting);
+  m_p->letGo();
+  QTRY_COMPARE(first->state(), JobStateFinished);
+  QTRY_VERIFY(m_p->queue().paused());
+  pauseClick();
+  QCOMPARE(second->state(), JobStateQueued);
+  QVERIFY(m_p->queue().paused());
+}
+
+void TestQueuePause::heldQueueResumesWhatWasStarted() {
+  const ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  const ConversionJob *second = m_p->add(u"2.mkv"_s);
+  pauseClick();
+  m_p->queue().hold();
+  pauseClick();
+  QCOMPARE(first->state(), JobStateConverting);
+  QCOMPARE(second->state(), JobStateQueued);
+}
+
+void TestQueuePause::heldQueueStartsNoNewJob() {
+  ConversionJob *first = m_p->add(u"1slow.mkv"_s);
+  m_p->queue().hold();
+  first->pause();
+  first->continue_();
+  first->pause();
+  QVERIFY(!m_p->queue().paused());
+  const ConversionJob *second = m_p->add(u"2.mkv"_s);
+  QCOMPARE(second->state(), JobStateQueued);
 }
 
 QTEST_GUILESS_MAIN(TestQueuePause)
