@@ -50,6 +50,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
   registerSettings();
   connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);
+  connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::updateWindowTitle);
   connect(&m_intake, &Intake::drained, this, &AppDelegate::intakeDrained);
   connect(&m_intake, &Intake::refused, this, &AppDelegate::updateWindowTitle);
   connect(&m_intake, &Intake::probed, this, &AppDelegate::recordShown);
@@ -115,8 +116,9 @@ void AppDelegate::pauseContinueClicked(bool sender) {
   } else if (sender) {
     m_queue.pauseConverting();
     m_queue.setPaused(true);
+  } else {
+    updateWindowTitle();
   }
-  updateWindowTitle();
 }
 
 void AppDelegate::removeJob(ConversionJob &job) {

@@ -35,6 +35,7 @@ class TestWindowDesktop final : public QObject {
   void titleCounts();
   void pauseAndResume();
   void pausedJobLiftsTheMarkWhenContinued();
+  void titleFollowsEveryPause();
   void cleanTakesFinishedOnesOnly();
   void launcherFollowsTheConversion();
   void notificationRevealsItsFile();
@@ -108,6 +109,14 @@ void TestWindowDesktop::pausedJobLiftsTheMarkWhenContinued() {
   m_b->queue().taskArray().first()->continue_();
   QCOMPARE(action(u"pauseContinueToolbarItem"_s).text(), u"Pause Queue"_s);
   QCOMPARE(title(), u"Decant  [1 Job(s), 0 Queued]"_s);
+}
+
+void TestWindowDesktop::titleFollowsEveryPause() {
+  QVERIFY(m_b->open());
+  m_b->queue().setPaused(true);
+  QCOMPARE(title(), u"Decant (Paused)"_s);
+  m_b->queue().setPaused(false);
+  QCOMPARE(title(), u"Decant "_s);
 }
 
 void TestWindowDesktop::cleanTakesFinishedOnesOnly() {
