@@ -80,7 +80,6 @@ void ProgressSheet::begin(const QString &title) {
 
 void ProgressSheet::setMessage(const QString &text) {
   m_detail->setFullText(text);
-  m_detail->setAccessibleName(text);
   setAccessibleDescription(text);
 }
 

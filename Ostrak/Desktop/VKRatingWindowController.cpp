@@ -84,7 +84,6 @@ void VKRatingWindowController::windowDidLoad() {
     outlet<QLabel>(form, text).setFont(lightFont(textPoints));
   outlet<PictureView>(form, u"feedbackIcon"_s)
       .setPicture(QIcon(tk->resDir() + u"/images/decant.svg"_s), iconSize);
-  m_feedbackTextField->setTabChangesFocus(true);
   connectButtons();
   form.installEventFilter(this);
   showPane(*m_initialView, outlet<QAbstractButton>(form, u"happyButton"_s));
