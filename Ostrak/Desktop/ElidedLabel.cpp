@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 #include <QStyle>
 
+#include "MixedColor.h"
 #include "ScaledFont.h"
 
 namespace ostrak {
@@ -14,12 +15,6 @@ namespace {
 constexpr int gapBelowHint = 6;       // pixels
 constexpr double hintSize = 0.9;      // of the label's own font
 constexpr double hintStrength = 0.7;  // of the text colour, the rest is background
-
-QColor mixed(const QColor &strong, const QColor &weak) {
-  const auto part = [](int a, int b) { return qRound(a * hintStrength + b * (1 - hintStrength)); };
-  return {part(strong.red(), weak.red()), part(strong.green(), weak.green()),
-          part(strong.blue(), weak.blue())};
-}
 
 // A text begins where the controls around it begin, whatever direction it is written in.
 void alignWithControls(QLabel &label) {
@@ -132,10 +127,12 @@ void HintLabel::dress() {
   const QWidget *around = parentWidget() ? parentWidget() : this;
   setFont(scaledFont(around->font(), hintSize));
   QPalette quiet = around->palette();
-  quiet.setColor(QPalette::Active, QPalette::WindowText,
-                 mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
-  quiet.setColor(QPalette::Inactive, QPalette::WindowText,
-                 mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
+  quiet.setColor(
+      QPalette::Active, QPalette::WindowText,
+      mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window), hintStrength));
+  quiet.setColor(
+      QPalette::Inactive, QPalette::WindowText,
+      mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window), hintStrength));
   setPalette(quiet);
   if (property("belowCheckBox").toBool()) {
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) +

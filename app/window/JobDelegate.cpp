@@ -7,9 +7,11 @@
 
 #include "DisplayText.h"
 #include "JobListModel.h"
+#include "MixedColor.h"
 #include "ThemeIcon.h"
 
 using namespace Qt::StringLiterals;
+using ostrak::mixed;
 
 namespace decant {
 
@@ -32,12 +34,6 @@ const QStyle &styleOf(const QStyleOptionViewItem &option) {
 QColor failureColor(const QPalette &palette) {
   return palette.color(QPalette::Base).lightness() < 128 ? QColor(0xff, 0x8a, 0x80)
                                                          : QColor(0xb0, 0x1a, 0x1a);
-}
-
-QColor mixed(const QColor &strong, const QColor &weak, double share) {
-  const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
-  return {part(strong.red(), weak.red()), part(strong.green(), weak.green()),
-          part(strong.blue(), weak.blue())};
 }
 
 void paintText(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
