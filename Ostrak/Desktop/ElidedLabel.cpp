@@ -127,12 +127,11 @@ void HintLabel::dress() {
   const QWidget *around = parentWidget() ? parentWidget() : this;
   setFont(scaledFont(around->font(), hintSize));
   QPalette quiet = around->palette();
-  quiet.setColor(
-      QPalette::Active, QPalette::WindowText,
-      mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window), hintStrength));
-  quiet.setColor(
-      QPalette::Inactive, QPalette::WindowText,
-      mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window), hintStrength));
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    const QColor text = quiet.color(group, QPalette::WindowText);
+    const QColor paper = quiet.color(group, QPalette::Window);
+    quiet.setColor(group, QPalette::WindowText, mixed(text, paper, hintStrength));
+  }
   setPalette(quiet);
   if (property("belowCheckBox").toBool()) {
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) +
