@@ -1,7 +1,6 @@
 #include "Patience.h"
 
 #include <QSemaphore>
-#include <exception>
 #include <utility>
 
 #include "Dispatch.h"
@@ -17,7 +16,7 @@ int told = 0;  // waits that the presenter tells of
 
 // One piece of work; but for the semaphore of the main thread.
 struct Wait {
-  std::function<void()> done;
+  std::function<void(std::exception_ptr thrown)> done;
   std::exception_ptr thrown;  // by the work; complete once `ready` is
   bool ended = false;
   bool tells = false;
@@ -33,9 +32,8 @@ void tell(Wait &wait, const QString &title) {
 void finish(Wait &wait) {
   if (std::exchange(wait.ended, true)) return;
   if (wait.tells && told > 0 && --told == 0 && thePresenter) thePresenter->end();
-  const std::function<void()> done = std::move(wait.done);
-  if (wait.thrown) std::rethrow_exception(std::exchange(wait.thrown, {}));
-  done();
+  const auto done = std::move(wait.done);
+  done(std::exchange(wait.thrown, {}));
 }
 
 }  // namespace
@@ -45,7 +43,8 @@ void setPatiencePresenter(PatiencePresenter *presenter) {
   told = 0;
 }
 
-void workPatiently(const QString &title, std::function<void()> work, std::function<void()> done) {
+void workPatiently(const QString &title, std::function<void()> work,
+                   std::function<void(std::exception_ptr thrown)> done) {
   const auto wait = std::make_shared<Wait>();
   wait->done = std::move(done);
   dispatch_async_back([work = std::move(work), wait] {

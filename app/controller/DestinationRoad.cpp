@@ -51,7 +51,7 @@ void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &clai
       break;
     case DestinationMenuItem::Kind::NextToSource:
       afterLook(
-          request,
+          request, Moment::Choice,
           [look = m_look, source = record.fileURL.toLocalFile()] {
             look(QFileInfo(source).path());
           },
@@ -67,22 +67,15 @@ void DestinationRoad::choose(const MKVFileInfo &record, const ClaimedNames &clai
   }
 }
 
-void DestinationRoad::afterLook(const Request &request, std::function<void()> look,
+void DestinationRoad::afterLook(const Request &request, Moment moment, std::function<void()> look,
                                 std::function<void()> then) {
-  const auto late = std::make_shared<bool>(false);
-  const auto failure = std::make_shared<std::exception_ptr>();
-  const auto guarded = [look = std::move(look), failure] {
-    try {
-      look();
-    } catch (...) {
-      *failure = std::current_exception();
-    }
-  };
-  ostrak::workPatiently(localized(u"Checking the Destination"_s), guarded,
-                        [road = QPointer(this), request, then = std::move(then), late, failure] {
+  const auto late = std::make_shared<bool>(moment == Moment::Later);
+  ostrak::workPatiently(localized(u"Checking the Destination"_s), std::move(look),
+                        [road = QPointer(this), request, then = std::move(then),
+                         late](const std::exception_ptr &thrown) {
                           if (!road) return;
                           try {
-                            if (*failure) std::rethrow_exception(*failure);
+                            if (thrown) std::rethrow_exception(thrown);
                             then();
                           } catch (...) {
                             // Nobody who could take it for an answer is listening any more.
@@ -107,7 +100,7 @@ void DestinationRoad::askEachTime(const Request &request) {
 
 void DestinationRoad::targetChosen(const Request &request, const QString &path) {
   afterLook(
-      request, [look = m_look, path] { look(QFileInfo(path).path()); },
+      request, Moment::Later, [look = m_look, path] { look(QFileInfo(path).path()); },
       [this, request, path] { checkTarget(request, path); });
 }
 
@@ -162,7 +155,7 @@ void DestinationRoad::openFolderFor(const Request &request) {
 void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
   const QByteArray bookmark = DestinationFolders::bookmarkAt(folder);
   afterLook(
-      request,
+      request, Moment::Choice,
       [look = m_look, bookmark] {
         if (const auto path = ostrak::folderOfBookmark(bookmark)) look(*path);
       },

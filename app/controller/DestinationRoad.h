@@ -47,8 +47,11 @@ class DestinationRoad final : public QObject {
     const ClaimedNames &claimed;
     DestinationAnswer answer;
   };
+  // Whether `choose` has yet to return, so that who called it hears of exceptions.
+  enum class Moment { Choice, Later };
   // Goes on with `then` when `look` has been done on a worker.
-  void afterLook(const Request &request, std::function<void()> look, std::function<void()> then);
+  void afterLook(const Request &request, Moment moment, std::function<void()> look,
+                 std::function<void()> then);
   void askEachTime(const Request &request);
   void targetChosen(const Request &request, const QString &path);
   void checkTarget(const Request &request, const QString &path);

@@ -45,7 +45,9 @@ class TestDestinationWait final : public QObject {
   void slowFolderIsWaitedFor_data();
   void slowFolderIsWaitedFor();
   void goneFolderAnswersNothing();
+  void lookThatFailsAnswersNothing_data();
   void lookThatFailsAnswersNothing();
+  void lookThatFailsAtOnceAfterAPanel();
   void folderTakenOffTheListAnswersNothing();
   void roadThatGoesAnswersNobody();
   void looksIntoTheFolder_data();
@@ -150,19 +152,39 @@ void TestDestinationWait::goneFolderAnswersNothing() {
   QVERIFY(m_program->presenter().presented.first().problemReport);
 }
 
+void TestDestinationWait::lookThatFailsAnswersNothing_data() {
+  QTest::addColumn<int>("entry");
+  QTest::newRow("asked for") << int{askEachTime};
+  QTest::newRow("next to the source") << int{nextToSource};
+  QTest::newRow("a folder of the menu") << int{folder};
+}
+
 // The record stays shown, and whoever guards the event loop tells what happened.
 void TestDestinationWait::lookThatFailsAnswersNothing() {
+  QFETCH(const int, entry);
   m_road = std::make_unique<DestinationRoad>(*m_folders, *m_panels, [this](const QString &) {
     m_looked.release();
     m_go.acquire();
     throw ostrak::Exception(u"Look"_s, u"no"_s);
   });
-  choose(nextToSource);
+  choose(entry);
+  if (entry == askEachTime) QVERIFY(m_panels->reply(m_program->path(u"slow/Film.m4v"_s)));
   QVERIFY(open());
   m_go.release();
   QTRY_COMPARE(m_answers.size(), 1);
   QVERIFY(!m_answers.first());
   QTRY_COMPARE(m_program->presenter().presented.size(), 1);
+}
+
+// The panel's answer comes from the event loop, long after the choice.
+void TestDestinationWait::lookThatFailsAtOnceAfterAPanel() {
+  m_road = std::make_unique<DestinationRoad>(
+      *m_folders, *m_panels, [](const QString &) { throw ostrak::Exception(u"Look"_s, u"no"_s); });
+  choose(askEachTime);
+  ostrak::dispatch_async_main([this] { m_panels->reply(m_program->path(u"slow/Film.m4v"_s)); });
+  QTRY_COMPARE(m_program->presenter().presented.size(), 1);
+  QCOMPARE(m_answers.size(), 1);
+  QVERIFY(!m_answers.first());
 }
 
 // The list is changed in the preferences while the folder is looked at.
