@@ -64,8 +64,10 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   Admission addJob(std::unique_ptr<ConversionJob> job);
   // Makes a job of the shown record once its destination is chosen; a record without one stays
   // shown. Nothing when no record is shown, when no folder may be used, and while the user is
-  // asked.
+  // asked. Throws an ostrak::Exception when the destination is gone.
   std::optional<Admission> addToQueue();
+  // The same, but a destination that is gone is told, and the record stays shown.
+  std::optional<Admission> addToQueueOrTell();
   void cleanClicked();
   [[nodiscard]] QString windowTitle() const;
   [[nodiscard]] QString addButtonTitle() const;
@@ -107,7 +109,6 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void leaveShown();
   void updateWindowTitle();
   void recordShown();
-  [[nodiscard]] bool addAutomatically();
   void intakeDrained();
   void releaseNames(const ConversionJob &job);
   void checkDisposals();

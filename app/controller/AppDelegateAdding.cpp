@@ -48,6 +48,17 @@ std::optional<Admission> AppDelegate::addToQueue() {
   return *admission;
 }
 
+// Here and not at the event loop's edge: the toolkit does not clean up after what is thrown through
+// the delivery of a click, and what is queued must go on.
+std::optional<Admission> AppDelegate::addToQueueOrTell() {
+  try {
+    return addToQueue();
+  } catch (const ostrak::Exception &exception) {
+    ostrak::postFeedback(exception.name(), exception.reason());
+    return {};
+  }
+}
+
 std::optional<Admission> AppDelegate::addShownTo(const Destination &destination) {
   std::unique_ptr<ConversionJob> job = makeJob(destination.url);
   if (!job) {
@@ -106,22 +117,12 @@ void AppDelegate::leaveShown() {
   if (!m_intake.isScanning()) m_intake.cancelAdd();
 }
 
-// A destination that is gone is told, and the record stays shown; what is queued goes on.
-bool AppDelegate::addAutomatically() {
-  try {
-    return addToQueue().has_value();
-  } catch (const ostrak::Exception &exception) {
-    ostrak::postFeedback(exception.name(), exception.reason());
-    return false;
-  }
-}
-
 // Nothing waits behind the last record, and the user may look at it for hours: what is queued does
 // not wait for that.
 void AppDelegate::recordShown() {
   if (m_terminated) return;
   Q_EMIT rebuildDestinationPopUp();
-  if (settingBool("AutoAdd") && addAutomatically()) return;
+  if (settingBool("AutoAdd") && addToQueueOrTell()) return;
   if (m_intake.importFiles().isEmpty()) m_queue.startNextQueuedJob();
 }
 

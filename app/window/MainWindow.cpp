@@ -19,7 +19,6 @@
 #include "DisplayText.h"
 #include "DropMark.h"
 #include "ElidedLabel.h"
-#include "Exceptions.h"
 #include "FilePanel.h"
 #include "InterfaceFile.h"
 #include "JobActions.h"
@@ -206,22 +205,12 @@ void MainWindow::connectDestinations() {
     m_destinations->select(0);
     if (m_preferences) m_preferences->destinations().select(0);
   });
-  connect(m_filePanel, &FilePanel::addClicked, this, &MainWindow::addToQueue);
+  connect(m_filePanel, &FilePanel::addClicked, this, [this] { m_parts->app.addToQueueOrTell(); });
   connect(m_filePanel, &FilePanel::focusFree, m_jobList, [this] { m_jobList->setFocus(); });
 }
 
 void MainWindow::showEmptyOrList() {
   m_jobArea->setCurrentIndex(m_model->rowCount() == 0 ? 0 : 1);
-}
-
-// A destination that is gone is told here: the toolkit does not clean up after what is thrown
-// through the delivery of a click.
-void MainWindow::addToQueue() {
-  try {
-    m_parts->app.addToQueue();
-  } catch (const ostrak::Exception &exception) {
-    ostrak::postFeedback(exception.name(), exception.reason());
-  }
 }
 
 void MainWindow::addClicked() {

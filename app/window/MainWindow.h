@@ -49,7 +49,6 @@ class MainWindow final : public QMainWindow {
   // Brings the window to the front.
   void openMainWindow();
   // Queues the shown record by the destination menu.
-  void addToQueue();
 
  Q_SIGNALS:
   void quitWanted();
