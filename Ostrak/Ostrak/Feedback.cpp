@@ -47,7 +47,14 @@ QString feedbackLink(const Gather &gather, const QString &message, const QString
 }
 
 void openLink(const QString &link) {
-  if (tk && tk->workspace()) tk->workspace()->open(mailUrl(link));
+  if (!link.isEmpty() && tk && tk->workspace()) tk->workspace()->open(mailUrl(link));
+}
+
+// For who waits, and may have no event loop any more.
+void sendReportAtOnce(const QString &message, const QString &details, bool fatal) {
+  if (!tk) return;
+  const auto gather = [] { return SupportFacts::gatherer(true)(); };
+  openLink(feedbackLink(gather, message, details, fatal));
 }
 
 void sendReport(const QString &message, const QString &details) {
@@ -75,10 +82,8 @@ void logFeedback(const QString &message, const QString &details) {
 void alert_feedback(const QString &message, const QString &details, bool fatal) {
   logFeedback(message, details);
   dispatch_sync_main([&] {
-    const QString link =
-        tk ? feedbackLink(SupportFacts::gatherer(true), message, details, fatal) : QString();
     Alert made = feedbackAlert(message, details, fatal);
-    if (presentAlert(made) == firstButton) openLink(link);
+    if (presentAlert(made) == firstButton) sendReportAtOnce(message, details, fatal);
     if (fatal) endProcess();
   });
 }

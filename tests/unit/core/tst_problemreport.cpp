@@ -6,6 +6,7 @@
 #include "Alerts.h"
 #include "Defaults.h"
 #include "Dispatch.h"
+#include "File.h"
 #include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,8 @@ class TestProblemReport final : public QObject {
   void clampsTheDetails_data();
   void clampsTheDetails();
   void mailCarriesRecentMessages();
+  void gathersNothingThatIsNotSent();
+  void gathersWhatThereIsWhenSent();
   void usesTheBuiltInAddress();
   void isCutToOneArgument();
   void aWorkerWaitsForTheAnswer();
@@ -93,6 +96,24 @@ void TestProblemReport::mailCarriesRecentMessages() {
   QFile file(m_program->library().prefsPath());
   QVERIFY(file.open(QIODevice::ReadOnly));
   QCOMPARE(preferences, file.readAll());
+}
+
+// The settings are not even written.
+void TestProblemReport::gathersNothingThatIsNotSent() {
+  m_program->library().userDefaults().synchronize();
+  setDefaultString(u"key"_s, u"unwritten"_s);
+  m_program->presenter().answer(secondButton);
+  alert_feedback_nonfatal(u"m"_s, u"d"_s);
+  const auto written = contents(m_program->library().prefsPath());
+  QVERIFY(!written.value_or(QByteArray()).contains("unwritten"));
+}
+
+void TestProblemReport::gathersWhatThereIsWhenSent() {
+  m_program->presenter().setWhileShown(
+      [](Alert &) { setDefaultString(u"key"_s, u"set meanwhile"_s); });
+  alert_feedback_nonfatal(u"m"_s, u"d"_s);
+  const QString encoded = openedBody().section(u"Preferences: "_s, 1).trimmed();
+  QVERIFY(QByteArray::fromBase64(encoded.toLatin1()).contains("set meanwhile"));
 }
 
 void TestProblemReport::usesTheBuiltInAddress() {
