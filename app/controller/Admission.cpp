@@ -1,6 +1,10 @@
 #include "Admission.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "ConversionJob.h"
+#include "Descriptor.h"
 #include "File.h"
 #include "Text.h"
 #include "Url.h"
@@ -10,6 +14,29 @@ using namespace Qt::StringLiterals;
 namespace decant {
 
 using ostrak::localized;
+
+namespace {
+
+// In a folder like the one for temporary files each user removes only what is their own.
+bool isAnothersInStickyFolder(const QString &path) {
+  const QByteArray name = ostrak::nativePath(path);
+  struct stat file {};
+  struct stat folder {};
+  if (::lstat(name.constData(), &file) != 0 ||
+      ::stat(name.left(name.lastIndexOf('/') + 1).constData(), &folder) != 0)
+    return false;
+  const uid_t user = ::geteuid();
+  return (folder.st_mode & S_ISVTX) != 0 && user != 0 && user != file.st_uid &&
+         user != folder.st_uid;
+}
+
+// Whether what is at `path` can make way for another file when its time comes; it is not touched.
+bool canBeReplaced(const QString &path) {
+  return !ostrak::fileIsDirectory(ostrak::fileURL(path)) && !ostrak::fileIsRestricted(path) &&
+         !isAnothersInStickyFolder(path) && ostrak::isWriteablePath(ostrak::uniqueFile(path));
+}
+
+}  // namespace
 
 Admission admissionOf(ConversionJob &job, const ClaimedNames &claimed, ClaimedNames::Files &files) {
   const QString source = job.fileInfo().fileURL.toLocalFile();
@@ -25,11 +52,16 @@ Admission admissionOf(ConversionJob &job, const ClaimedNames &claimed, ClaimedNa
     files = ClaimedNames::look(destination, source, subtitle);
   }
   // Where a file can be made there was none, so it was nobody's source by another name.
-  if (ostrak::isWriteablePath(destination)) return Admission::added;
-  return ostrak::isSameFile(source, destination) || ostrak::isSameFile(subtitle, destination) ||
-                 claimed.isSource(destination)
-             ? Admission::destinationIsSource
-             : Admission::notWritable;
+  if (ostrak::isWriteablePath(destination)) {
+    // Nor has the user agreed to replace what comes there later.
+    job.setReplacesDestination(false);
+    return Admission::added;
+  }
+  if (ostrak::isSameFile(source, destination) || ostrak::isSameFile(subtitle, destination) ||
+      claimed.isSource(destination))
+    return Admission::destinationIsSource;
+  return job.replacesDestination() && canBeReplaced(destination) ? Admission::added
+                                                                 : Admission::notWritable;
 }
 
 ostrak::Alert refusalAlert(const ConversionJob &job, Admission why) {

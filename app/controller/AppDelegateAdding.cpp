@@ -1,4 +1,3 @@
-#include <QFile>
 #include <QPointer>
 #include <QScopedValueRollback>
 
@@ -65,9 +64,6 @@ std::optional<Admission> AppDelegate::addShownTo(const Destination &destination)
     letGo(destination);
     return {};
   }
-  // What another job is writing is not this one's to replace.
-  const QString target = destination.url.toLocalFile();
-  if (destination.replaces && !m_claimed.isClaimed(target)) QFile::remove(target);
   job->setReplacesDestination(destination.replaces);
   job->setSecurityURL(destination.securityURL);
   return addJob(std::move(job));

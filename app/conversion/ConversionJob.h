@@ -94,7 +94,8 @@ class ConversionJob final : public QObject {
   [[nodiscard]] double etaSeconds() const;
   // The folder whose access was started for this job; the job ends it when it goes.
   void setSecurityURL(const QUrl &folder) { m_fileInfo.securityURL = folder; }
-  // The user has agreed to replace what is at the destination.
+  // Whether the user has agreed to replace what is at the destination, which the start does.
+  [[nodiscard]] bool replacesDestination() const { return m_replacesDestination; }
   void setReplacesDestination(bool agreed) { m_replacesDestination = agreed; }
 
   // Decides `fastmode` for the chosen track; without audio it stays as it is.

@@ -122,12 +122,13 @@ void TestProtectedFiles::subtitleFileOfAnotherJobIsRefused() {
 // Another file may have come to the name since it was agreed to replace what is there.
 void TestProtectedFiles::subtitleFileIsKeptWhereReplacingIsAgreed() {
   m_p->controller->pauseContinueClicked(true);
-  auto job = m_p->job(m_p->movie(u"2.mkv"_s), m_p->path(u"out.m4v"_s));
+  auto job = m_p->job(m_p->movie(u"2.mkv"_s), m_p->movie(u"out.m4v"_s));
   ConversionJob &replacing = *job;
   replacing.setReplacesDestination(true);
   QCOMPARE(m_p->controller->addJob(std::move(job)), AppDelegate::Admission::added);
   const QString subtitles = addWithSubtitles();
   QVERIFY(!subtitles.isNull());
+  QVERIFY(QFile::remove(m_p->path(u"out.m4v"_s)));
   QVERIFY(QFile::rename(subtitles, m_p->path(u"out.m4v"_s)));
   replacing.continue_();
   QCOMPARE(replacing.startOutcome(), StartOutcome::destinationRefused);

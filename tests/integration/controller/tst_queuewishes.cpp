@@ -44,12 +44,9 @@ class TestQueueWishes final : public QObject {
     m_p->intake().openFiles({m_p->movie(name)});
     QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
   }
-  // As after an agreement to replace what is there, which holds for what no job has claimed.
+  // As after an agreement to replace what is there.
   bool addReplacing(const QString &source, const QString &destination) {
-    const QString target = m_p->path(destination);
-    const ClaimedNames &claimed = m_p->controller->claimedNames();
-    if (!claimed.isClaimed(target) && !claimed.isSource(target)) QFile::remove(target);
-    auto job = m_p->job(m_p->movie(source), target);
+    auto job = m_p->job(m_p->movie(source), m_p->path(destination));
     job->setReplacesDestination(true);
     return m_p->controller->addJob(std::move(job)) == AppDelegate::Admission::added;
   }
