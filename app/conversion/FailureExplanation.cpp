@@ -1,13 +1,11 @@
 #include "FailureExplanation.h"
 
 #include "Alerts.h"
-#include "File.h"
 #include "Ostrak.h"
 #include "Patience.h"
-#include "ProblemReport.h"
+#include "SupportMail.h"
 #include "Text.h"
 #include "UrlOpener.h"
-#include "VKHostInformation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,26 +14,12 @@ namespace decant {
 namespace {
 
 void openProblemReport(const FailedRun &run, UrlOpener &urlOpener) {
-  ProblemReportFacts facts;
-  QString preferences;
-  facts.commandLine = run.arguments.join(u' ');
-  facts.jobOutput = run.jobOutput;
-  facts.recordDescription = run.recordDescription;
-  if (ostrak::Ostrak *const tk = ostrak::tk) {
-    facts.supportAddress = tk->infoValue(QStringLiteral("FeedbackEmail"));
-    facts.appName = tk->appName();
-    facts.appVersion = tk->appVersionString();
-    tk->userDefaults().synchronize();
-    preferences = tk->prefsPath();
-  }
+  if (!ostrak::tk) return;
   ostrak::patiently(
       ostrak::localized(u"Preparing the Problem Report"_s),
-      [facts, preferences] {
-        ProblemReportFacts all = facts;
-        all.machineType = ostrak::VKHostInformation::machineType();
-        all.systemVersion = ostrak::VKHostInformation::systemVersion();
-        all.preferences = ostrak::contents(preferences).value_or(QByteArray());
-        return problemReportLink(all);
+      [gather = ostrak::SupportFacts::gatherer(true), run,
+       address = ostrak::tk->infoValue(u"FeedbackEmail"_s)] {
+        return problemReportLink(gather(), run, address);
       },
       [&urlOpener](const QUrl &link) { urlOpener.open(link); });
 }

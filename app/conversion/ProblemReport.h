@@ -1,26 +1,27 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
+
+namespace ostrak {
+struct SupportFacts;
+}
 
 namespace decant {
 
-// What a problem report about a failed conversion carries.
-struct ProblemReportFacts {
-  QString supportAddress;  // empty: the built-in one
-  QString appName;
-  QString appVersion;
-  QString commandLine;
+// What a problem report tells about a failed run.
+struct FailedRun {
+  QString source;  // path
+  QStringList arguments;
   QString jobOutput;  // whole
   QString recordDescription;
-  QString machineType;
-  QString systemVersion;
-  QByteArray preferences;  // the settings file's bytes
 };
 
 // The exactly escaped mail link, cut to what the system takes as one argument: output and
-// preferences first. Pure. Never localised: those who read it are the maker's.
-[[nodiscard]] QUrl problemReportLink(const ProblemReportFacts &facts);
+// preferences first. An empty address stands for the built-in one. Pure. Never localised: those who
+// read it are the maker's.
+[[nodiscard]] QUrl problemReportLink(const ostrak::SupportFacts &facts, const FailedRun &run,
+                                     const QString &supportAddress);
 
 }  // namespace decant

@@ -9,16 +9,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-ProblemReportFacts exampleFacts() {
-  return {u"help@decant.example"_s,
-          u"Decant"_s,
-          u"1.2"_s,
-          u"-i /a&b/ü?.mkv -y /out.mp4"_s,
+const QString address = u"help@decant.example"_s;
+
+ostrak::SupportFacts exampleFacts() {
+  ostrak::SupportFacts facts;
+  facts.appName = u"Decant"_s;
+  facts.appVersion = u"1.2"_s;
+  facts.machineType = u"Model 7"_s;
+  facts.systemVersion = u"Debian 12"_s;
+  facts.preferences = "[General]\n\xff";
+  return facts;
+}
+
+FailedRun exampleRun() {
+  return {u"/a&b/ü?.mkv"_s,
+          {u"-i"_s, u"/a&b/ü?.mkv"_s, u"-y"_s, u"/out.mp4"_s},
           u"50% done + more;\nfailed=1"_s,
-          u"MKVFileInfo: x"_s,
-          u"Model 7"_s,
-          u"Debian 12"_s,
-          "[General]\n\xff"};
+          u"MKVFileInfo: x"_s};
 }
 
 // The mail as a mail program reads it out of the link.
@@ -41,7 +48,7 @@ class TestFailureReport : public QObject {
 
   void wholeLink() {
     QCOMPARE(
-        problemReportLink(exampleFacts()).toEncoded(),
+        problemReportLink(exampleFacts(), exampleRun(), address).toEncoded(),
         QByteArray("mailto:help@decant.example?subject=Decant%20v1.2%20Problem%20Report&body="
                    "Hello%0AConversion%20of%20a%20file%20failed.%0A%0ABye%0A%0AP.S.%20Details:%20"
                    "-i%20/a%26b/%C3%BC%3F.mkv%20-y%20/out.mp4%20"
@@ -51,7 +58,7 @@ class TestFailureReport : public QObject {
   }
 
   void mailProgramGetsTheExactText() {
-    const ReadMail mail = read(problemReportLink(exampleFacts()));
+    const ReadMail mail = read(problemReportLink(exampleFacts(), exampleRun(), address));
     QCOMPARE(mail.address, u"help@decant.example"_s);
     QCOMPARE(mail.subject, u"Decant v1.2 Problem Report"_s);
     QCOMPARE(mail.body,
@@ -61,22 +68,21 @@ class TestFailureReport : public QObject {
   }
 
   void withoutAnAddressTheBuiltInOneIsUsed() {
-    ProblemReportFacts facts = exampleFacts();
-    facts.supportAddress.clear();
-    QCOMPARE(read(problemReportLink(facts)).address, ostrak::builtInSupportAddress());
+    QCOMPARE(read(problemReportLink(exampleFacts(), exampleRun(), {})).address,
+             ostrak::builtInSupportAddress());
   }
 
   void factsThatAreMissingAreEmpty() {
     QCOMPARE(
-        read(problemReportLink({})).body,
+        read(problemReportLink({}, {}, {})).body,
         u"Hello\nConversion of a file failed.\n\nBye\n\nP.S. Details:   \n\n\nP.P.S: Hardware:  "
         "Software:  Preferences: "_s);
   }
 
   void outputIsNotShortened() {
-    ProblemReportFacts facts = exampleFacts();
-    facts.jobOutput = QString(20'000, u'x');
-    QVERIFY(read(problemReportLink(facts)).body.contains(facts.jobOutput));
+    FailedRun run = exampleRun();
+    run.jobOutput = QString(20'000, u'x');
+    QVERIFY(read(problemReportLink(exampleFacts(), run, address)).body.contains(run.jobOutput));
   }
 
   void longReportFitsOneArgument_data() {
@@ -90,15 +96,16 @@ class TestFailureReport : public QObject {
   void longReportFitsOneArgument() {
     QFETCH(QString, output);
     QFETCH(int, preferences);
-    ProblemReportFacts facts = exampleFacts();
-    facts.jobOutput = output;
+    ostrak::SupportFacts facts = exampleFacts();
+    FailedRun run = exampleRun();
+    run.jobOutput = output;
     facts.preferences = QByteArray(preferences, 'p');
-    const QUrl link = problemReportLink(facts);
+    const QUrl link = problemReportLink(facts, run, address);
     QVERIFY(link.toEncoded().size() <= ostrak::longestMailLink);
     QVERIFY(link.toEncoded().size() > ostrak::longestMailLink - 100);
     const QString body = read(link).body;
-    QVERIFY(body.contains(facts.commandLine));
-    QVERIFY(body.contains(facts.recordDescription));
+    QVERIFY(body.contains(run.arguments.join(u' ')));
+    QVERIFY(body.contains(run.recordDescription));
     QVERIFY(body.contains(facts.machineType));
     // The cut is told.
     QVERIFY(body.contains(u"left out"));
