@@ -2,6 +2,7 @@
 
 #include <QMetaMethod>
 #include <QMetaObject>
+#include <utility>
 
 #include "Alerts.h"
 #include "Defaults.h"
@@ -54,6 +55,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
   connect(&m_intake, &Intake::drained, this, &AppDelegate::intakeDrained);
   connect(&m_intake, &Intake::refused, this, &AppDelegate::updateWindowTitle);
   connect(&m_intake, &Intake::probed, this, &AppDelegate::recordShown);
+  connect(&m_disposal, &SourceDisposal::idle, this, &AppDelegate::releaseKeptNames);
   connect(&m_disposal, &SourceDisposal::idle, this, &AppDelegate::quitWhenIdle);
 }
 
@@ -133,6 +135,21 @@ void AppDelegate::releaseNames(const ConversionJob &job) {
   if (m_claimants.erase(&job) > 0) m_claimed.release(destinationPath(job));
 }
 
+// What comes of a source that is to go stands in the output alone until that has been seen, also
+// when the job leaves the list before.
+void AppDelegate::keepNames(const ConversionJob &job) {
+  if (m_claimants.erase(&job) > 0) m_keptNames.append(destinationPath(job));
+}
+
+// A disposal that waits for another job on its source looks at all outputs when its time comes, and
+// until then that job protects the source.
+void AppDelegate::releaseKeptNames() {
+  if (m_disposalCheckDue || !m_disposal.isIdle()) return;
+  const QStringList names = std::exchange(m_keptNames, {});
+  for (const QString &name : names)
+    m_claimed.release(name);
+}
+
 int AppDelegate::jobCountWithState(JobState state) const {
   return m_queue.jobCountWithState(state);
 }
@@ -191,9 +208,12 @@ void AppDelegate::disposeOfSource(const ConversionJob &job, bool deleteOutright)
 void AppDelegate::jobStateChanged(ConversionJob &job, JobState before) {
   m_queue.stateChanged(job, before);
   if (isEnd(before) || !isEnd(job.state())) return;
-  // What comes of the source, where it is to go, stands in the output until that has been seen.
-  if (!completionSettings().AutoRemove) releaseNames(job);
-  m_gate.jobEnded(job, job.state() == JobStateFailed);
+  const bool failed = job.state() == JobStateFailed;
+  if (failed || !completionSettings().AutoRemove)
+    releaseNames(job);
+  else
+    keepNames(job);
+  m_gate.jobEnded(job, failed);
   checkDisposals();
 }
 
@@ -210,6 +230,7 @@ void AppDelegate::disposeOfReady() {
   const QList<DisposalRequest> ready = m_gate.takeReady();
   for (const DisposalRequest &request : ready)
     m_disposal.dispose(request);
+  releaseKeptNames();
 }
 
 }  // namespace decant

@@ -111,6 +111,8 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void recordShown();
   void intakeDrained();
   void releaseNames(const ConversionJob &job);
+  void keepNames(const ConversionJob &job);
+  void releaseKeptNames();
   void checkDisposals();
   void disposeOfReady();
   void quitWhenIdle();
@@ -118,6 +120,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   AppServices m_services;
   ClaimedNames m_claimed;
   std::unordered_set<const ConversionJob *> m_claimants;  // whose names are in m_claimed
+  QStringList m_keptNames;  // also there, of ended jobs whose sources are to go
   DisposalGate m_gate;
   SourceDisposal m_disposal;
   Intake m_intake;

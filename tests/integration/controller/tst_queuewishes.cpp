@@ -31,6 +31,8 @@ class TestQueueWishes final : public QObject {
   void namesAreFreeAgainAfterTheEnd();
   void sourcesAreFreeAgainAfterTheEnd();
   void anEndedJobReleasesOnce();
+  void namesAreKeptWhileADisposalLooks_data();
+  void namesAreKeptWhileADisposalLooks();
 
  private:
   // A job that was paused by itself; the queue goes on.
@@ -50,7 +52,12 @@ class TestQueueWishes final : public QObject {
     job->setReplacesDestination(true);
     return m_p->controller->addJob(std::move(job)) == AppDelegate::Admission::added;
   }
-  void settle() { QTRY_COMPARE(m_p->count(JobStateQueued) + m_p->count(JobStateConverting), 0); }
+  void settle() {
+    QTRY_COMPARE(m_p->count(JobStateQueued) + m_p->count(JobStateConverting), 0);
+    // What a job's end wants is seen when its handler is done.
+    QCoreApplication::processEvents();
+    QTRY_VERIFY(m_p->controller->disposal().isIdle());
+  }
 
   std::unique_ptr<ControllerProgram> m_p;
 };
@@ -98,12 +105,17 @@ void TestQueueWishes::quitIsForgottenWithANewJob() {
 
 void TestQueueWishes::namesAreFreeAgainAfterTheEnd_data() {
   QTest::addColumn<QString>("first");
-  QTest::newRow("success") << u"1.mkv"_s;
-  QTest::newRow("failure") << u"1fail.mkv"_s;
+  QTest::addColumn<int>("autoRemove");
+  QTest::newRow("success") << u"1.mkv"_s << 0;
+  QTest::newRow("failure") << u"1fail.mkv"_s << 0;
+  QTest::newRow("success, source to go") << u"1.mkv"_s << 1;
+  QTest::newRow("failure, source to go") << u"1fail.mkv"_s << 1;
 }
 
 void TestQueueWishes::namesAreFreeAgainAfterTheEnd() {
-  QFETCH(QString, first);
+  QFETCH(const QString, first);
+  QFETCH(const int, autoRemove);
+  ostrak::setDefaultInt(u"AutoRemove"_s, autoRemove);
   QVERIFY(addReplacing(first, u"out.m4v"_s));
   settle();
   QVERIFY(addReplacing(u"2.mkv"_s, u"out.m4v"_s));
@@ -127,6 +139,31 @@ void TestQueueWishes::anEndedJobReleasesOnce() {
   QVERIFY(m_p->controller->claimedNames().isClaimed(m_p->path(u"out.m4v"_s)));
   m_p->letGo();
   settle();
+}
+
+void TestQueueWishes::namesAreKeptWhileADisposalLooks_data() {
+  QTest::addColumn<int>("autoClean");
+  QTest::newRow("job stays listed") << 0;
+  QTest::newRow("job leaves the list") << 1;
+}
+
+// The output is the movie from then on, until it has been seen that the source may go.
+void TestQueueWishes::namesAreKeptWhileADisposalLooks() {
+  QFETCH(const int, autoClean);
+  ostrak::setDefaultInt(u"AutoRemove"_s, 1);
+  ostrak::setDefaultInt(u"AutoClean"_s, autoClean);
+  Scenario slow(m_p->scenario.path());
+  slow.probe().announce(u"asked"_s).wait(u"answer"_s).defaultReport();
+  QVERIFY(slow.write());
+  const QString output = m_p->path(u"1.m4v"_s);
+  m_p->add(u"1.mkv"_s);
+  QTRY_VERIFY(slow.announced(u"asked"_s));
+  QCOMPARE(m_p->names().size(), 1 - autoClean);
+  const ClaimedNames &claimed = m_p->controller->claimedNames();
+  QVERIFY(claimed.isClaimed(output));
+  QVERIFY(slow.release(u"answer"_s));
+  QTRY_VERIFY(!claimed.isClaimed(output));
+  QCOMPARE(m_p->trashCan.trashed, QStringList(m_p->path(u"1.mkv"_s)));
 }
 
 QTEST_GUILESS_MAIN(TestQueueWishes)
