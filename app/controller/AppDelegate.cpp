@@ -44,9 +44,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
       m_intake(m_services.preferredLanguages, m_services.prober) {
   if (!m_services.destination) m_services.destination = fixedDestination({});
   m_claimed.protectWaiting([this] {
-    const QString current = m_intake.currentPath();
-    return current.isNull() ? m_intake.importFiles()
-                            : m_intake.importFiles() + QStringList(current);
+    return ClaimedNames::Waiting{m_intake.importFiles(), m_intake.currentPath()};
   });
   registerSettings();
   connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);

@@ -161,12 +161,14 @@ bool ClaimedNames::isSource(const QString &path) const {
 }
 
 bool ClaimedNames::isWaiting(const QString &path) const {
-  const QStringList waiting = m_waiting ? m_waiting() : QStringList();
-  if (waiting.contains(path)) return true;
+  if (!m_waiting) return false;
+  const Waiting waiting = m_waiting();
+  if (path == waiting.current || waiting.files.contains(path)) return true;
   const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(path);
-  return identity && std::ranges::any_of(waiting, [&](const QString &movie) {
-           return ostrak::fileIdentity(movie) == identity;
-         });
+  const auto isSame = [&identity](const QString &movie) {
+    return ostrak::fileIdentity(movie) == identity;
+  };
+  return identity && (isSame(waiting.current) || std::ranges::any_of(waiting.files, isSame));
 }
 
 bool ClaimedNames::isSourceName(const Files &files) const {

@@ -53,8 +53,13 @@ class ClaimedNames final {
   void claim(const QString &destination, const QString &source, const QString &subtitle = {});
   void claim(const Files &files);
   void release(const QString &destination);
-  // Movies that wait for their turn, or have it, are sources, too; `waiting` tells them when asked.
-  void protectWaiting(std::function<QStringList()> waiting) { m_waiting = std::move(waiting); }
+  // Movies that wait for their turn, and the one that has it, are sources, too; `waiting` tells
+  // them when asked, which is often.
+  struct Waiting {
+    QStringList files;
+    QString current;  // null when there is none
+  };
+  void protectWaiting(std::function<Waiting()> waiting) { m_waiting = std::move(waiting); }
   // The job that claimed `destination` will write to `other` instead.
   void move(const QString &destination, const QString &other);
   [[nodiscard]] bool isClaimed(const QString &destination) const;
@@ -89,7 +94,7 @@ class ClaimedNames final {
   mutable QHash<QString, quint64> m_nextNumbers;
   QHash<QString, int> m_sourceNames;
   QHash<ostrak::FileIdentity, int> m_sources;
-  std::function<QStringList()> m_waiting;
+  std::function<Waiting()> m_waiting;
 };
 
 // The file that a record is converted to, made unique; nothing when the choice is next to the

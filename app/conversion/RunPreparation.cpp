@@ -45,11 +45,10 @@ PreparedRun destinationRefused(const QString &destination) {
 }
 
 // What a conversion reads must survive it, by whatever name it is called.
-bool isInput(const QString &path, const MKVFileInfo &fileInfo, const JobController &ad) {
+bool isInput(const QString &path, const MKVFileInfo &fileInfo) {
   return ostrak::isSameFile(path, fileInfo.fileURL.toLocalFile()) ||
          (fileInfo.subtitleFileURL.isLocalFile() &&
-          ostrak::isSameFile(path, fileInfo.subtitleFileURL.toLocalFile())) ||
-         ad.isSource(path);
+          ostrak::isSameFile(path, fileInfo.subtitleFileURL.toLocalFile()));
 }
 
 PreparedRun findObstacle(const RunRequest &request, const JobController &ad,
@@ -59,20 +58,23 @@ PreparedRun findObstacle(const RunRequest &request, const JobController &ad,
   if (!ostrak::fileExists(fileInfo.fileURL)) return sourceRemoved(fileInfo);
   if (!isUsableTool(services.toolPath))
     return obstacle(StartOutcome::toolMissing, toolMissingText(services.toolPath, fileInfo));
-  if (isInput(destination, fileInfo, ad)) return destinationRefused(destination);
+  if (isInput(destination, fileInfo) || (request.replacesDestination && ad.isSource(destination)))
+    return destinationRefused(destination);
   if (fileInfo.audioTrackInformation.isEmpty()) return {};
   const quint64 freed = request.replacesDestination ? ostrak::fileSize(destination) : 0;
   const QString noRoom = checkFreeSpace(services.volumes, destination, fileInfo.fileSize, freed);
   return noRoom.isNull() ? PreparedRun() : obstacle(StartOutcome::noRoom, noRoom);
 }
 
-// Makes the destination's file, so that from here on it is this run's own. False when every name
-// was taken at the last moment.
+// Makes the destination's file, so that from here on it is this run's own; under another name where
+// the name was taken, or has come to mean a movie that is still to be converted. False when every
+// name was taken at the last moment.
 bool claimDestination(PreparedRun &run, bool replaces, JobController &ad) {
   if (replaces) QFile::remove(run.destinationURL.toLocalFile());
   for (int attempt = 0; attempt < claimAttempts; ++attempt) {
+    const QString path = run.destinationURL.toLocalFile();
     // Where no file can be made the tool says why, in its own words.
-    if (OwnFile::create(run.destinationURL.toLocalFile(), run.output) != OwnFile::Creation::exists)
+    if (!ad.isSource(path) && OwnFile::create(path, run.output) != OwnFile::Creation::exists)
       return true;
     run.destinationURL = ad.claimUniqueDestination(run.destinationURL);
   }

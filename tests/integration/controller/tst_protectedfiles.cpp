@@ -30,6 +30,8 @@ class TestProtectedFiles final : public QObject {
   void subtitleFileOfAnotherJobIsRefused_data();
   void subtitleFileOfAnotherJobIsRefused();
   void subtitleFileIsKeptWhereReplacingIsAgreed();
+  void aMovieThatCameToTheNameIsSpared_data();
+  void aMovieThatCameToTheNameIsSpared();
 
  private:
   AppDelegate::Admission admit(const QString &source, const QString &destination) {
@@ -134,6 +136,28 @@ void TestProtectedFiles::subtitleFileIsKeptWhereReplacingIsAgreed() {
   QCOMPARE(replacing.startOutcome(), StartOutcome::destinationRefused);
   QCOMPARE(QFileInfo(m_p->path(u"out.m4v"_s)).size(), 2);
   QTRY_COMPARE(told().size(), 1);
+}
+
+void TestProtectedFiles::aMovieThatCameToTheNameIsSpared_data() {
+  QTest::addColumn<bool>("there");
+  QTest::newRow("it is there") << true;
+  QTest::newRow("it is on a disk that comes and goes") << false;
+}
+
+// Of a job that was to replace nothing, nothing is lost by another name.
+void TestProtectedFiles::aMovieThatCameToTheNameIsSpared() {
+  QFETCH(const bool, there);
+  const QString wanted = m_p->path(u"out.mp4"_s);
+  m_p->controller->pauseContinueClicked(true);
+  QCOMPARE(admit(m_p->movie(u"1.mkv"_s), wanted), AppDelegate::Admission::added);
+  m_p->intake().openFiles({m_p->movie(u"shown.mkv"_s), m_p->movie(u"out.mp4"_s)});
+  QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
+  QCOMPARE(m_p->intake().importFiles(), QStringList(wanted));
+  if (!there) QVERIFY(QFile::remove(wanted));
+  m_p->queue().taskArray().first()->continue_();
+  QTRY_COMPARE(m_p->count(JobStateFinished), 1);
+  QVERIFY(QFile::exists(m_p->path(u"out-0.mp4"_s)));
+  QCOMPARE(QFileInfo(wanted).size(), there ? 7 : 0);
 }
 
 QTEST_GUILESS_MAIN(TestProtectedFiles)

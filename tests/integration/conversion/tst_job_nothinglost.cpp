@@ -74,14 +74,23 @@ class TestJobNothingLost final : public QObject {
     QCOMPARE(bench.inhibitor.held(), 0);
   }
 
+  void theDestinationIsAnothersSource_data() {
+    QTest::addColumn<bool>("agreed");
+    QTest::newRow("replacing agreed") << true;
+    QTest::newRow("a name like others") << false;
+  }
   void theDestinationIsAnothersSource() {
+    QFETCH(const bool, agreed);
     JobBench bench;
     const QString other = bench.outputPath(u"movie.m4v"_s);
     JobBench::write(other, "to be converted later");
     bench.controller.otherSources = {other};
     ConversionJob &job = bench.addJob();
-    job.setReplacesDestination(true);
-    QCOMPARE(job.start(), StartOutcome::destinationRefused);
+    job.setReplacesDestination(agreed);
+    QCOMPARE(job.start(), agreed ? StartOutcome::destinationRefused : StartOutcome::launched);
+    if (!agreed) QVERIFY(bench.waitForEnd(job));
+    QCOMPARE(bench.outputs(), agreed ? QStringList{u"movie.m4v"_s}
+                                     : (QStringList{u"movie-0.m4v"_s, u"movie.m4v"_s}));
     QCOMPARE(JobBench::read(other), QByteArray("to be converted later"));
   }
 
