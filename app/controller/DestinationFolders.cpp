@@ -90,6 +90,10 @@ QByteArray DestinationFolders::bookmarkAt(qsizetype index) {
   return ostrak::defaultArray(bookmarksKey).value(index).toByteArray();
 }
 
+qsizetype DestinationFolders::indexOf(const QByteArray &bookmark) {
+  return ostrak::defaultArray(bookmarksKey).indexOf(bookmark);
+}
+
 void DestinationFolders::open(const QString &folder) {
   m_opened.append({folder, false});
 }
@@ -135,8 +139,7 @@ std::optional<DestinationFolders::Opened> DestinationFolders::openFor(const QStr
   return folder;
 }
 
-QString DestinationFolders::use(qsizetype index) {
-  const std::optional<QString> folder = ostrak::folderOfBookmark(bookmarkAt(index));
+QString DestinationFolders::use(qsizetype index, const std::optional<QString> &folder) {
   if (!folder) {
     throw ostrak::Exception(u"Bookmark Problem: URLByResolvingBookmarkData"_s,
                             u"the folder %1 is gone"_s.arg(names().value(index)));

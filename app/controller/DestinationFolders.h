@@ -35,6 +35,8 @@ class DestinationFolders final : public QObject {
   [[nodiscard]] const QList<Opened> &openedFolders() const { return m_opened; }
   // What finds the folder at `index`, for those that look on a worker; empty for none.
   [[nodiscard]] static QByteArray bookmarkAt(qsizetype index);
+  // Where the folder of a bookmark stands in the list now; -1 when it was taken off.
+  [[nodiscard]] static qsizetype indexOf(const QByteArray &bookmark);
   // A folder picked by the user for this run.
   void open(const QString &folder);
 
@@ -46,9 +48,9 @@ class DestinationFolders final : public QObject {
   // The last opened folder whose path is a plain prefix of `target`; its access is started when it
   // is security-scoped. Nothing when none fits.
   [[nodiscard]] std::optional<Opened> openFor(const QString &target);
-  // The stored folder at `index`, its access started. Throws ostrak::Exception when it is gone or
-  // not granted.
-  [[nodiscard]] QString use(qsizetype index);
+  // The stored folder at `index`, which was found at `folder`, its access started. Throws
+  // ostrak::Exception when it was not found or is not granted.
+  [[nodiscard]] QString use(qsizetype index, const std::optional<QString> &folder);
 
  Q_SIGNALS:
   void changed();

@@ -154,25 +154,30 @@ void DestinationRoad::openFolderFor(const Request &request) {
 
 void DestinationRoad::intoFolder(const Request &request, qsizetype folder) {
   const QByteArray bookmark = DestinationFolders::bookmarkAt(folder);
+  const auto found = std::make_shared<std::optional<QString>>();
   afterLook(
       request, Moment::Choice,
-      [look = m_look, bookmark] {
-        if (const auto path = ostrak::folderOfBookmark(bookmark)) look(*path);
+      [look = m_look, bookmark, found] {
+        const auto path = ostrak::folderOfBookmark(bookmark);
+        if (!path) return;
+        look(*path);
+        // A look takes its time, and the folder may have gone meanwhile.
+        *found = ostrak::folderOfBookmark(bookmark);
       },
-      [this, request, folder, bookmark] {
+      [this, request, bookmark, found] {
         // The preferences are open to the user while this looks.
-        if (DestinationFolders::bookmarkAt(folder) == bookmark)
-          intoResolvedFolder(request, folder);
+        const qsizetype now = DestinationFolders::indexOf(bookmark);
+        if (now >= 0)
+          intoResolvedFolder(request, m_folders.use(now, *found));
         else
           request.answer({});
       });
 }
 
-void DestinationRoad::intoResolvedFolder(const Request &request, qsizetype folder) {
-  const QString path = m_folders.use(folder);
-  const QString target = QDir(path).filePath(outputName(request.record, outputExtension()));
+void DestinationRoad::intoResolvedFolder(const Request &request, const QString &folder) {
+  const QString target = QDir(folder).filePath(outputName(request.record, outputExtension()));
   request.answer(Destination{ostrak::fileURL(request.claimed.uniqueName(target)),
-                             ostrak::fileURL(path), false});
+                             ostrak::fileURL(folder), false});
 }
 
 void DestinationRoad::chooseNewDestination(Panels::Over over) {

@@ -60,7 +60,7 @@ class DestinationRoad final : public QObject {
   bool intoOpenedFolder(const Request &request);
   void openFolderFor(const Request &request);
   void intoFolder(const Request &request, qsizetype folder);
-  void intoResolvedFolder(const Request &request, qsizetype folder);
+  void intoResolvedFolder(const Request &request, const QString &folder);
 
   DestinationFolders &m_folders;
   Panels &m_panels;

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTest>
 
+#include "Bookmark.h"
 #include "Defaults.h"
 #include "DestinationFolders.h"
 #include "Exceptions.h"
@@ -54,6 +55,9 @@ class TestDestinationFolders final : public QObject {
   void throwsForWhatIsNotGranted();
 
  private:
+  [[nodiscard]] QString used(qsizetype index) {
+    return m_folders->use(index, ostrak::folderOfBookmark(DestinationFolders::bookmarkAt(index)));
+  }
   void start(bool sandboxed) {
     m_sandbox->active = sandboxed;
     m_folders = std::make_unique<DestinationFolders>(*m_sandbox);
@@ -90,7 +94,7 @@ void TestDestinationFolders::remembersAcrossRestarts() {
   registerSettings();
   start(true);
   QCOMPARE(m_folders->names(), QStringList({u"one"_s, u"two"_s}));
-  QCOMPARE(m_folders->use(1), m_program->path(u"two"_s));
+  QCOMPARE(used(1), m_program->path(u"two"_s));
 }
 
 void TestDestinationFolders::namesAreTheLastComponent_data() {
@@ -151,7 +155,7 @@ void TestDestinationFolders::removes() {
   m_folders->removeAt(removed);
   QCOMPARE(m_folders->names(), left);
   for (int i = 0; i < left.size(); ++i)
-    QCOMPARE(m_folders->use(i), m_program->path(left.at(i)));
+    QCOMPARE(used(i), m_program->path(left.at(i)));
   QTEST(static_cast<int>(ostrak::defaultInt(u"DefaultDestination"_s)), "defaultIndex");
 }
 
@@ -178,7 +182,7 @@ void TestDestinationFolders::launchDropsWhatIsGoneOrNotGranted() {
   m_folders->checkStored();
   QCOMPARE(m_folders->names(), QStringList{u"kept"_s});
   QCOMPARE(m_folders->openedFolders(), QList{(Opened{m_program->path(u"kept"_s), true})});
-  QCOMPARE(m_folders->use(0), m_program->path(u"kept"_s));
+  QCOMPARE(used(0), m_program->path(u"kept"_s));
   QCOMPARE(changed.size(), 1);
   QCOMPARE(m_program->logged().last(), u"Info: going to delete 2 invalid bookmarks"_s);
   QCOMPARE(m_program->loggedWithLevel().last().level, 3);
@@ -220,7 +224,7 @@ void TestDestinationFolders::grantThatIsGoneOpensNothing() {
 void TestDestinationFolders::usesAFolder() {
   start(true);
   QCOMPARE(m_folders->add(folder(u"one"_s)), Addition::added);
-  QCOMPARE(m_folders->use(0), m_program->path(u"one"_s));
+  QCOMPARE(used(0), m_program->path(u"one"_s));
   QCOMPARE(m_sandbox->open, 1);
 }
 
@@ -228,7 +232,7 @@ void TestDestinationFolders::followsARenamedFolder() {
   start(false);
   QCOMPARE(m_folders->add(folder(u"before"_s)), Addition::added);
   QVERIFY(QDir(m_program->root()).rename(u"before"_s, u"after"_s));
-  QCOMPARE(m_folders->use(0), m_program->path(u"after"_s));
+  QCOMPARE(used(0), m_program->path(u"after"_s));
   QCOMPARE(m_folders->names(), QStringList{u"before"_s});
 }
 
@@ -238,7 +242,7 @@ void TestDestinationFolders::throwsForWhatIsGone() {
   QVERIFY(QDir().rmdir(m_program->path(u"gone"_s)));
   for (const int index : {0, 1, -1}) {
     try {
-      QFAIL(qPrintable(m_folders->use(index)));
+      QFAIL(qPrintable(used(index)));
     } catch (const ostrak::Exception &exception) {
       QCOMPARE(exception.name(), u"Bookmark Problem: URLByResolvingBookmarkData"_s);
       QVERIFY(!exception.reason().isEmpty());
@@ -252,7 +256,7 @@ void TestDestinationFolders::throwsForWhatIsNotGranted() {
   QCOMPARE(m_folders->add(one), Addition::added);
   m_sandbox->granted.clear();
   try {
-    QFAIL(qPrintable(m_folders->use(0)));
+    QFAIL(qPrintable(used(0)));
   } catch (const ostrak::Exception &exception) {
     QCOMPARE(exception.name(), u"Bookmark Problem: startAccessingSecurityScopedResource"_s);
     QCOMPARE(exception.reason(), one);

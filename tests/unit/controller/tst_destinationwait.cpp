@@ -49,6 +49,7 @@ class TestDestinationWait final : public QObject {
   void lookThatFailsAnswersNothing();
   void lookThatFailsAtOnceAfterAPanel();
   void folderTakenOffTheListAnswersNothing();
+  void anotherFolderTakenOffTheListDoesNotMatter();
   void roadThatGoesAnswersNobody();
   void looksIntoTheFolder_data();
   void looksIntoTheFolder();
@@ -196,6 +197,19 @@ void TestDestinationWait::folderTakenOffTheListAnswersNothing() {
   QTRY_COMPARE(m_answers.size(), 1);
   QVERIFY(!m_answers.first());
   QVERIFY(m_program->presenter().presented.isEmpty());
+}
+
+void TestDestinationWait::anotherFolderTakenOffTheListDoesNotMatter() {
+  QDir(m_program->root()).mkpath(u"second"_s);
+  m_sandbox.granted.insert(m_program->path(u"second"_s));
+  QCOMPARE(m_folders->add(m_program->path(u"second"_s)), DestinationFolders::Addition::added);
+  choose(folder + 1);
+  QVERIFY(open());
+  m_folders->removeAt(0);
+  m_go.release();
+  QTRY_COMPARE(m_answers.size(), 1);
+  QVERIFY(m_answers.first());
+  QCOMPARE(m_answers.first()->url.toLocalFile(), m_program->path(u"second/Film.m4v"_s));
 }
 
 void TestDestinationWait::roadThatGoesAnswersNobody() {
