@@ -28,14 +28,9 @@ std::optional<Admission> AppDelegate::addToQueue() {
   const auto admission = std::make_shared<std::optional<Admission>>();
   const auto chosen = [app = QPointer(this), admission](const auto &destination) {
     if (!app) return;
-    // It may have been skipped meanwhile, or all may be over.
-    const bool unwanted = app->m_terminated || app->m_intake.currentPath().isNull();
-    app->m_intake.setAsking(false);
-    if (!destination) return;
-    if (unwanted)
-      app->letGo(*destination);
-    else
-      *admission = app->addShownTo(*destination);
+    // All may be over; then no other file gets its turn either.
+    if (!app->m_terminated) app->m_intake.setAsking(false);
+    if (destination) *admission = app->addShownTo(*destination);
   };
   m_intake.setAsking(true);
   try {
@@ -59,7 +54,8 @@ std::optional<Admission> AppDelegate::addToQueueOrTell() {
 }
 
 std::optional<Admission> AppDelegate::addShownTo(const Destination &destination) {
-  std::unique_ptr<ConversionJob> job = makeJob(destination.url);
+  // It may have been skipped since it was asked about.
+  std::unique_ptr<ConversionJob> job = m_terminated ? nullptr : makeJob(destination.url);
   if (!job) {
     letGo(destination);
     return {};

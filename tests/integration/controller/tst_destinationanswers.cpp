@@ -31,11 +31,18 @@ class TestDestinationAnswers final : public QObject {
   void anAgreementIsForAJobOnly_data();
   void anAgreementIsForAJobOnly();
   void nothingIsAddedAfterTheEnd();
+  void noProbeBeginsAfterTheEnd();
+  void aRefusedRecordCanBeTriedAgain();
   void skippingStopsAProbeThatHangs();
 
  private:
   void chooseBy(const DestinationChooser &chooser);
   void show(const QString &name);
+  // As the button does.
+  void skip() {
+    m_p->intake().clearFileInfo();
+    m_p->intake().cancelAdd();
+  }
 
   std::unique_ptr<ControllerProgram> m_p;
   DestinationAnswer m_answer;  // of the question that is open
@@ -161,7 +168,7 @@ void TestDestinationAnswers::aRecordSkippedMeanwhileIsNotQueued() {
   show(u"a.mkv"_s);
   (void)m_p->controller->addToQueue();
   m_p->intake().openFiles({m_p->movie(u"b.mkv"_s)});
-  m_p->intake().cancelAdd();
+  skip();
   const QString folder = m_p->program.root();
   m_p->sandbox.granted = {folder};
   QVERIFY(m_p->sandbox.startAccess(folder));
@@ -187,7 +194,7 @@ void TestDestinationAnswers::anAgreementIsForAJobOnly() {
   old.close();
   show(u"fail.mkv"_s);
   (void)m_p->controller->addToQueue();
-  if (skipped) m_p->intake().cancelAdd();
+  if (skipped) skip();
   m_answer(Destination{QUrl::fromLocalFile(there), {}, true});
   QTRY_COMPARE(m_p->count(JobStateFailed), skipped ? 0 : 1);
   QVERIFY(old.open(QIODevice::ReadOnly));
@@ -201,6 +208,33 @@ void TestDestinationAnswers::nothingIsAddedAfterTheEnd() {
   m_answer(Destination{QUrl::fromLocalFile(m_p->path(u"a.m4v"_s)), {}, false});
   QVERIFY(m_p->queue().taskArray().isEmpty());
   QVERIFY(m_p->converted().isEmpty());
+}
+
+void TestDestinationAnswers::noProbeBeginsAfterTheEnd() {
+  show(u"a.mkv"_s);
+  (void)m_p->controller->addToQueue();
+  skip();
+  m_p->intake().openFiles({m_p->movie(u"b.mkv"_s)});
+  m_p->controller->applicationWillTerminate();
+  m_answer({});
+  QVERIFY(!m_p->intake().isScanning());
+}
+
+// A record that was refused stays where it can be tried once more.
+void TestDestinationAnswers::aRefusedRecordCanBeTriedAgain() {
+  show(u"a.mkv"_s);
+  const auto tryAt = [this](const QString &path) {
+    (void)m_p->controller->addToQueue();
+    m_answer(Destination{QUrl::fromLocalFile(path), {}, false});
+  };
+  const auto told = [this] { return m_p->program.presenter().presented.size(); };
+  for (int refusals = 1; refusals <= 2; ++refusals) {
+    tryAt(m_p->path(u"nowhere/a.m4v"_s));
+    QTRY_COMPARE(told(), refusals);
+  }
+  tryAt(m_p->path(u"a.m4v"_s));
+  QCOMPARE(m_p->queue().taskArray().size(), 1);
+  QTRY_COMPARE(m_p->count(JobStateFinished), 1);
 }
 
 void TestDestinationAnswers::skippingStopsAProbeThatHangs() {
