@@ -105,11 +105,14 @@ void alert_dontwarnagain_ever(const QString &identifier, const QString &title,
 [[nodiscard]] bool isSilencedForVersion(const QString &identifier);
 
 // Problem reports: tell the user, offer to write to support. From any thread; the caller waits for
-// the answer. A fatal one ends the process with status 1.
+// the answer. A fatal one cleans up and ends the process with status 1.
 void alert_feedback(const QString &message, const QString &details, bool fatal);
 [[noreturn]] void alert_feedback_fatal(const QString &message, const QString &details);
 void alert_feedback_nonfatal(const QString &message, const QString &details);
 // The non-fatal report for handlers, which must not wait: shown by postAlert.
 void postFeedback(const QString &message, const QString &details);
+// What a fatal report cleans up before it ends the process; empty: nothing. It waits for nothing
+// without a limit, and trusts no more than it has to; what it throws is lost. Main thread.
+void setFatalCleanup(std::function<void()> cleanup);
 
 }  // namespace ostrak

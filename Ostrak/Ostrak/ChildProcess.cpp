@@ -120,11 +120,8 @@ ChildProcess::ChildProcess(StopDelays delays, QObject *parent)
 }
 
 ChildProcess::~ChildProcess() {
-  d->ladder.leave();
-  d->process.disconnect(this);
-  if (d->process.state() == QProcess::NotRunning) return;
-  d->process.kill();
-  d->process.waitForFinished();
+  constexpr std::chrono::seconds longest{30};
+  kill(longest);
 }
 
 void ChildProcess::start(const ChildSetup &setup) {
@@ -167,6 +164,14 @@ void ChildProcess::resume() {
 
 void ChildProcess::stop() {
   if (isRunning()) d->ladder.climb();
+}
+
+bool ChildProcess::kill(std::chrono::milliseconds timeout) {
+  d->ladder.leave();
+  d->process.disconnect(this);
+  if (d->process.state() == QProcess::NotRunning) return true;
+  d->process.kill();
+  return d->process.waitForFinished(static_cast<int>(timeout.count()));
 }
 
 bool ChildProcess::waitForDone(std::chrono::milliseconds timeout) {

@@ -68,6 +68,9 @@ class ChildProcess final : public QObject {
   // The ladder: SIGTERM (and SIGCONT, so that a stopped child hears it), then SIGKILL after the
   // grace. Returns at once; the end comes through `done`.
   void stop();
+  // Without the ladder, and without a word: `done` does not come any more. Blocks until the child
+  // has ended, or the time is over. True when it ended.
+  bool kill(std::chrono::milliseconds timeout);
 
   // Blocks without an event loop until the child has ended, or the time is over (-1: for ever).
   // True when it ended; `done` and `output` come from inside the call.

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <utility>
 
 #include "Alerts.h"
 #include "Dispatch.h"
@@ -71,13 +72,30 @@ void logFeedback(const QString &message, const QString &details) {
   tk_log_level(3, u"alert_feedback %@ %@"_s, message, details);
 }
 
+std::function<void()> theCleanup;
+
+// Once: it may itself end in a fatal report.
+void cleanUp() {
+  if (!onMainThread()) return;
+  try {
+    if (const auto cleanup = std::exchange(theCleanup, {})) cleanup();
+  } catch (...) {
+    // There is nobody left to tell.
+  }
+}
+
 // Other threads may be at work: the process ends without taking anything down under them.
 [[noreturn]] void endProcess() {
   if (tk) tk->userDefaults().synchronize();
+  cleanUp();
   std::_Exit(EXIT_FAILURE);
 }
 
 }  // namespace
+
+void setFatalCleanup(std::function<void()> cleanup) {
+  theCleanup = std::move(cleanup);
+}
 
 void alert_feedback(const QString &message, const QString &details, bool fatal) {
   logFeedback(message, details);

@@ -6,10 +6,12 @@
 
 #include "Alerts.h"
 #include "Defaults.h"
+#include "Dispatch.h"
 #include "Exceptions.h"
 #include "Format.h"
 #include "LaunchFixups.h"
 #include "Ostrak.h"
+#include "OwnFile.h"
 #include "ProgressFiles.h"
 #include "Sandbox.h"
 #include "Settings.h"
@@ -47,6 +49,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
     return ClaimedNames::Waiting{m_intake.importFiles(), m_intake.currentPath()};
   });
   registerSettings();
+  ostrak::setFatalCleanup([this] { deleteUnfinished(); });
   connect(&m_queue, &JobQueue::countsChanged, this, &AppDelegate::updateWindowTitle);
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::pauseTextsChanged);
   connect(&m_queue, &JobQueue::pausedChanged, this, &AppDelegate::updateWindowTitle);
@@ -58,6 +61,7 @@ AppDelegate::AppDelegate(AppServices services, QObject *parent)
 }
 
 AppDelegate::~AppDelegate() {
+  ostrak::setFatalCleanup({});
   applicationWillTerminate();
 }
 
@@ -107,6 +111,20 @@ void AppDelegate::applicationWillTerminate() {
   tk->userDefaults().synchronize();
   m_queue.removeAll();
   ConversionJob::finishStopping();
+}
+
+// On a worker: a share that has gone would never let go of who deletes there.
+void AppDelegate::deleteUnfinished() {
+  QList<const OwnFile *> files;
+  for (ConversionJob *job : m_queue.taskArray()) {
+    if (const OwnFile *file = job->abandon()) files.append(file);
+  }
+  constexpr float longest = 2;  // seconds
+  const auto remove = [files] {
+    for (const OwnFile *file : files)
+      file->remove();
+  };
+  std::ignore = ostrak::dispatch_sync_back_timeout(remove, longest);
 }
 
 void AppDelegate::pauseContinueClicked(bool sender) {

@@ -116,6 +116,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void checkDisposals();
   void disposeOfReady();
   void quitWhenIdle();
+  void deleteUnfinished();
 
   AppServices m_services;
   ClaimedNames m_claimed;

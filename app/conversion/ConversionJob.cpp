@@ -160,6 +160,11 @@ void ConversionJob::finishStopping() {
   StoppingRun::finishAll();
 }
 
+const OwnFile *ConversionJob::abandon() {
+  if (m_run) return m_run->abandon() ? &m_run->output() : nullptr;
+  return m_partialOutput.get();
+}
+
 void ConversionJob::reveal() {
   if (m_state == JobStateFailed) {
     explainFailure();

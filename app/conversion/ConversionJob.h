@@ -114,6 +114,10 @@ class ConversionJob final : public QObject {
   // Waits until the children of all removed jobs have ended and their files are gone; for the end
   // of the program, needs no event loop.
   static void finishStopping();
+  // For the end of a program that is broken: ends a running child at once, tells nobody, and
+  // returns what removal would delete, which lives as long as the job; null for nothing. The job is
+  // of no use any more.
+  [[nodiscard]] const OwnFile *abandon();
   // Shows the output in the file manager (the source with Shift held), or explains a failure.
   void reveal();
   void revealSource();

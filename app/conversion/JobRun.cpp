@@ -47,6 +47,11 @@ void JobRun::waitForEnd() {
   m_child.waitForDone();
 }
 
+bool JobRun::abandon() {
+  constexpr std::chrono::seconds longest{1};
+  return !m_ended && m_child.kill(longest);
+}
+
 void JobRun::letGo() {
   m_timer.stop();
   m_assertion.reset();

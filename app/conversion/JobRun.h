@@ -38,6 +38,9 @@ class JobRun final : public QObject {
   void stop();
   // Blocks until the child has ended; `ended` comes from inside.
   void waitForEnd();
+  // Kills the child without a word and waits for that only briefly. True when the output is left
+  // unfinished and nobody writes to it any more.
+  [[nodiscard]] bool abandon();
 
   [[nodiscard]] bool hasEnded() const { return m_ended; }
   [[nodiscard]] const ostrak::ChildResult &result() const { return m_result; }

@@ -57,6 +57,10 @@ int playRole(const QByteArray &role, int &argc, char **argv) {
   ScratchProgram program;
   PrintingPresenter presenter(role.endsWith("-send") ? firstButton : secondButton);
   setAlertPresenter(&presenter);
+  if (role == "fatal-cleanup-throws") {
+    setFatalCleanup([] { throw Boom(); });
+    alert_feedback_fatal(u"It broke"_s, u"details"_s);
+  }
   if (role == "fatal" || role == "fatal-send") alert_feedback_fatal(u"It broke"_s, u"details"_s);
   if (role == "nonfatal") alert_feedback_nonfatal(u"It broke"_s, u"details"_s);
   if (role == "uncaught") throw Exception(u"Name"_s, u"reason"_s, {{u"key"_s, 7}});
@@ -97,6 +101,7 @@ void TestFatal::ends_data() {
   };
   row("fatal", 1, fatal.arg(u"It broke"_s, u"details"_s));
   row("fatal-send", 1, fatal.arg(u"It broke"_s, u"details"_s));
+  row("fatal-cleanup-throws", 1, fatal.arg(u"It broke"_s, u"details"_s));
   row("fatal-worker", 1, fatal.arg(u"It broke"_s, u"in the back"_s));
   row("nonfatal", survived, error.arg(u"It broke"_s, u"details"_s));
   row("uncaught", 1, fatal.arg(u"Name"_s, u" Name: reason reason {\"key\":7} "_s));
