@@ -1,6 +1,5 @@
 #include "PageBrowser.h"
 
-#include <QFile>
 #include <QPointer>
 #include <QScrollBar>
 #include <QStringDecoder>
@@ -8,6 +7,7 @@
 #include <QWheelEvent>
 
 #include "Dispatch.h"
+#include "File.h"
 #include "Logging.h"
 #include "OnDemand.h"
 #include "PageFetcher.h"
@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 namespace ostrak {
 
 namespace {
-
-constexpr qint64 largestPage = 4LL * 1024 * 1024;  // bytes
 
 QString styleSheetOf(const QPalette &palette) {
   const QString link = palette.color(QPalette::Link).name();
@@ -54,11 +52,8 @@ PageBrowser::PageBrowser(QWidget *parent) : QTextBrowser(parent) {
 
 PageBrowser::~PageBrowser() = default;
 
-bool PageBrowser::showHtmlFile(const QString &path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return false;
-  showHtml(htmlOf(file.read(largestPage)));
-  return true;
+void PageBrowser::showHtmlFile(const QString &path) {
+  if (const auto page = contents(path)) showHtml(htmlOf(*page));
 }
 
 void PageBrowser::replaceByOnlineCopy(const QString &address) {

@@ -16,8 +16,8 @@ class PageBrowser : public QTextBrowser {
   explicit PageBrowser(QWidget *parent = nullptr);
   ~PageBrowser() override;
 
-  // Shows this page, in the colours of the palette. False when the file cannot be read.
-  bool showHtmlFile(const QString &path);
+  // Shows this page, in the colours of the palette; nothing when the file cannot be read.
+  void showHtmlFile(const QString &path);
   // Fetches the page at this web address in the background and replaces what is shown by it, unless
   // that fails or the page is empty.
   void replaceByOnlineCopy(const QString &address);

@@ -1,8 +1,8 @@
 #include "VKRTFView.h"
 
-#include <QFile>
 #include <utility>
 
+#include "File.h"
 #include "Logging.h"
 #include "RichText.h"
 #include "RichTextDocument.h"
@@ -11,12 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace ostrak {
-
-namespace {
-
-constexpr qint64 largestDocument = 4LL * 1024 * 1024;  // bytes
-
-}  // namespace
 
 VKRTFView::VKRTFView(QWidget *parent) : PageBrowser(parent) {}
 
@@ -37,13 +31,12 @@ void VKRTFView::showLocalDocument() {
     tk_log_level(3, u"Error: localHTMLName not set on VKRTFView"_s);
     return;
   }
-  const QString path = resourcePath(m_localRTFName);
-  QFile file(path);
-  if (path.isNull() || !file.open(QIODevice::ReadOnly)) {
+  const auto file = contents(resourceURL(m_localRTFName));
+  if (!file) {
     tk_log_level(3, u"Error: the document %@ cannot be read"_s, m_localRTFName);
     return;
   }
-  fillDocument(*document(), readRichText(file.read(largestDocument)), palette());
+  fillDocument(*document(), readRichText(*file), palette());
 }
 
 }  // namespace ostrak

@@ -192,7 +192,7 @@ void VKWebView::showText() {
   m_text->setAccessibleName(accessibleName());
   m_text->setScrolling(m_scrolls);
   if (changesZoom(m_zoomFactor)) m_text->setFont(scaledFont(m_text->font(), *m_zoomFactor));
-  if (!m_local.isEmpty()) (void)m_text->showHtmlFile(m_local.toLocalFile());
+  if (!m_local.isEmpty()) m_text->showHtmlFile(m_local.toLocalFile());
   m_layout->addWidget(m_text);
   m_layout->setCurrentWidget(m_text);
   setFocusProxy(m_text);
