@@ -17,8 +17,10 @@ VKRTFView::VKRTFView(QWidget *parent) : PageBrowser(parent) {}
 VKRTFView::~VKRTFView() = default;
 
 void VKRTFView::paintEvent(QPaintEvent *event) {
-  if (!std::exchange(m_loaded, true)) load();
   PageBrowser::paintEvent(event);
+  // Not now: reading a file and laying it out is no work for the middle of a paint.
+  if (!std::exchange(m_loaded, true))
+    QMetaObject::invokeMethod(this, &VKRTFView::load, Qt::QueuedConnection);
 }
 
 void VKRTFView::load() {

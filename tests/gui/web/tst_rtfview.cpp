@@ -55,6 +55,15 @@ class TestRTFView final : public QObject {
     QCOMPARE(m_b->told(), QStringList());
   }
 
+  // Not in the middle of it.
+  void loadsAfterThePaint() {
+    View view;
+    view->setLocalRTFName(u"text.rtf"_s);
+    (void)view->grab();
+    QCOMPARE(view->toPlainText(), u""_s);
+    QTRY_VERIFY(!view->toPlainText().isEmpty());
+  }
+
   void onlineCopyReplacesIt() {
     View view;
     view->setLocalRTFName(u"text.rtf"_s);
@@ -97,6 +106,7 @@ class TestRTFView final : public QObject {
     view->setRemoteHTMLURL(m_b->server.address(u"/new.html"_s));
     m_b->server.close();
     QVERIFY(view.show());
+    QTRY_VERIFY(!view->toPlainText().isEmpty());
     QTRY_VERIFY_WITH_TIMEOUT(view->isIdle(), patience);
     QVERIFY(view->toPlainText().startsWith(u"Local bold"_s));
   }
@@ -109,6 +119,7 @@ class TestRTFView final : public QObject {
     view->setRemoteHTMLURL(
         QUrl::fromLocalFile(m_b->program.library().resDir() + u"/other.html"_s).toString());
     QVERIFY(view.show());
+    QTRY_VERIFY(!view->toPlainText().isEmpty());
     QTRY_VERIFY_WITH_TIMEOUT(view->isIdle(), patience);
     QVERIFY(view->toPlainText().startsWith(u"Local bold"_s));
   }
