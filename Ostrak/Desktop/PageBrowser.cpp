@@ -87,6 +87,15 @@ QVariant PageBrowser::loadResource(int, const QUrl &) {
   return {};
 }
 
+// A document does not follow the palette by itself.
+void PageBrowser::changeEvent(QEvent *event) {
+  QTextBrowser::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange || !m_fill) return;
+  const int place = verticalScrollBar()->value();
+  m_fill();
+  verticalScrollBar()->setValue(place);
+}
+
 void PageBrowser::wheelEvent(QWheelEvent *event) {
   if (m_scrolls)
     QTextBrowser::wheelEvent(event);
@@ -109,8 +118,15 @@ void PageBrowser::followLink(const QUrl &link) {
 }
 
 void PageBrowser::showHtml(const QString &html) {
-  document()->setDefaultStyleSheet(styleSheetOf(palette()));
-  setHtml(html);
+  showFilled([this, html] {
+    document()->setDefaultStyleSheet(styleSheetOf(palette()));
+    setHtml(html);
+  });
+}
+
+void PageBrowser::showFilled(std::function<void()> fill) {
+  m_fill = std::move(fill);
+  m_fill();
 }
 
 QString htmlOf(const QByteArray &content) {

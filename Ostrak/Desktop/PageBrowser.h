@@ -2,6 +2,7 @@
 
 #include <QTextBrowser>
 #include <QUrl>
+#include <functional>
 
 namespace ostrak {
 
@@ -30,6 +31,11 @@ class PageBrowser : public QTextBrowser {
   QVariant loadResource(int type, const QUrl &name) override;
 
  protected:
+  // Shows what `fill` puts into the document, in the colours of the palette: at once, and again
+  // when those change, as long as nothing else is shown.
+  void showFilled(std::function<void()> fill);
+
+  void changeEvent(QEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
   void scrollContentsBy(int dx, int dy) override;
 
@@ -37,6 +43,7 @@ class PageBrowser : public QTextBrowser {
   void followLink(const QUrl &link);
   void showHtml(const QString &html);
 
+  std::function<void()> m_fill;
   bool m_scrolls = true;
   int m_fetches = 0;
 };

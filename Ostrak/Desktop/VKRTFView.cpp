@@ -38,7 +38,9 @@ void VKRTFView::showLocalDocument() {
     tk_log_level(3, u"Error: the document %@ cannot be read"_s, m_localRTFName);
     return;
   }
-  fillDocument(*document(), readRichText(*file), palette());
+  showFilled([this, paragraphs = readRichText(*file)] {
+    fillDocument(*document(), paragraphs, palette());
+  });
 }
 
 }  // namespace ostrak
