@@ -37,14 +37,8 @@ bool isDots(const char *name) {
 FolderTree::FolderTree(QByteArray path) : m_anchor(m_inotify, std::move(path)), m_start(now()) {
   if (!isReady()) return;
   m_anchor.set();
-  m_root = identityOf(Descriptor(::open(m_anchor.path().constData(), openFlags)).get());
+  m_root = fileIdentity(Descriptor(::open(m_anchor.path().constData(), openFlags)).get());
   walkAnew();
-}
-
-std::optional<FileIdentity> FolderTree::identityOf(int folder) {
-  struct stat found {};
-  if (folder < 0 || ::fstat(folder, &found) != 0) return {};
-  return FileIdentity{found.st_dev, found.st_ino};
 }
 
 void FolderTree::walkAnew() {
@@ -116,7 +110,7 @@ Descriptor FolderTree::openNode(int watch) {
 
 // Another folder in the root's place is a change, whatever it holds.
 void FolderTree::rootOpened(int folder) {
-  const std::optional<FileIdentity> root = identityOf(folder);
+  const std::optional<FileIdentity> root = fileIdentity(folder);
   if (std::exchange(m_root, root) != root) m_news.changed = true;
 }
 

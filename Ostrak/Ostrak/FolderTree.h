@@ -63,7 +63,6 @@ class FolderTree final {
     }
   };
 
-  [[nodiscard]] static std::optional<FileIdentity> identityOf(int folder);
   void walkAnew();
   void endWalk();
   [[nodiscard]] Descriptor open(const Place &place);

@@ -1,7 +1,6 @@
 #include "VKAppMovedHandler.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -25,12 +24,6 @@ namespace {
 
 constexpr std::chrono::milliseconds latency = std::chrono::seconds(3);
 constexpr size_t longestPath = 4096;
-
-std::optional<FileIdentity> identityOf(const Descriptor &descriptor) {
-  struct stat found {};
-  if (!descriptor || ::fstat(descriptor.get(), &found) != 0) return {};
-  return FileIdentity{found.st_dev, found.st_ino};
-}
 
 QString filledWithName(const QString &format) {
   return makeString(format, tk->appName());
@@ -56,7 +49,7 @@ VKAppMovedHandler::VKAppMovedHandler(MovedProgram program, std::unique_ptr<Count
       // It follows the folder, and needs no right to read it.
       m_bundleFileDescriptor(
           ::open(nativePath(m_home).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
-      m_identity(identityOf(m_bundleFileDescriptor)),
+      m_identity(fileIdentity(m_bundleFileDescriptor.get())),
       m_anchor(m_inotify, nativePath(m_home)) {
   if (!m_identity || !m_inotify.isReady()) return;
   m_anchor.set();

@@ -255,6 +255,12 @@ std::optional<FileIdentity> fileIdentity(const QString &path) {
   return FileIdentity{info.st_dev, info.st_ino};
 }
 
+std::optional<FileIdentity> fileIdentity(int descriptor) {
+  struct stat info;
+  if (::fstat(descriptor, &info) != 0) return {};
+  return FileIdentity{info.st_dev, info.st_ino};
+}
+
 size_t qHash(const FileIdentity &identity, size_t seed) {
   return qHashMulti(seed, identity.device, identity.inode);
 }

@@ -82,6 +82,8 @@ struct FileIdentity {
   bool operator==(const FileIdentity &) const = default;
 };
 [[nodiscard]] std::optional<FileIdentity> fileIdentity(const QString &path);
+// That of an open file; nothing for a negative descriptor.
+[[nodiscard]] std::optional<FileIdentity> fileIdentity(int descriptor);
 [[nodiscard]] size_t qHash(const FileIdentity &identity, size_t seed = 0);
 [[nodiscard]] bool isSameFile(const QString &path, const QString &other);
 

@@ -174,6 +174,7 @@ void TestFile::identity() {
   QVERIFY(!isSameFile(path(u"file"_s), path(u"other"_s)));
   QVERIFY(!isSameFile(path(u"missing"_s), path(u"missing"_s)));
   QVERIFY(!fileIdentity(path(u"dangling"_s)));
+  QVERIFY(!fileIdentity(-1));
   QCOMPARE(qHash(*fileIdentity(path(u"hard"_s))), qHash(*fileIdentity(path(u"link"_s))));
 }
 
@@ -212,6 +213,7 @@ void TestFile::contentsAreReplacedAtOnce() {
   setContents(QUrl::fromLocalFile(path(u"new"_s)), QByteArray());
   QCOMPARE(contents(path(u"new"_s)), QByteArray());
   QVERIFY(fileIdentity(path(u"new"_s)) != before);
+  QCOMPARE(fileIdentity(open.handle()), before);
   QCOMPARE(open.readAll(), bytes);  // who was reading goes on with the old file
   setContents(path(u"missing/new"_s), bytes);
   QVERIFY(!fileExists(path(u"missing"_s)));
