@@ -199,11 +199,8 @@ bool UserDefaults::writeChanges(const QSet<QString> &dirty, const Values &change
 
 namespace {
 
-bool canBeOpened(const QString &path) {
-  return !QFileInfo(path).isDir() && QFile(path).open(QIODevice::ReadOnly);
-}
-
-// The backend passes over lines that it does not understand and would write the file without them.
+// False also for what cannot be opened. The backend passes over lines that it does not understand
+// and would write the file without them.
 bool looksLikeSettings(const QString &path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return false;
@@ -237,7 +234,7 @@ QVariant valueFromFile(const QVariant &read) {
 
 std::optional<UserDefaults::Values> UserDefaults::readFile() const {
   if (!QFileInfo::exists(m_path)) return Values();
-  if (!canBeOpened(m_path) || !looksLikeSettings(m_path)) return {};
+  if (!looksLikeSettings(m_path)) return {};
   const QSettings file(m_path, QSettings::IniFormat);
   if (file.status() == QSettings::FormatError) return {};
   Values values;
@@ -250,7 +247,7 @@ std::optional<UserDefaults::Values> UserDefaults::readFile() const {
 }
 
 bool UserDefaults::moveAside() {
-  if (!canBeOpened(m_path)) return false;
+  if (!QFile(m_path).open(QIODevice::ReadOnly)) return false;
   constexpr int mostTries = 10000;
   for (int number = 1; number < mostTries; ++number) {
     const QString aside = makeString(u"%@.broken-%i"_s, m_path, number);
