@@ -40,8 +40,8 @@ void FolderAnchor::set() {
   if (m_path != "/") {
     QByteArray parent;
     // What comes or goes while the watches are placed is looked for again.
-    while (parent != deepestParent()) {
-      parent = deepestParent();
+    for (QByteArray next = deepestParent(); next != parent; next = deepestParent()) {
+      parent = next;
       const qsizetype start = parent == "/" ? 1 : parent.size() + 1;
       const qsizetype end = m_path.indexOf('/', start);
       const QByteArray name = m_path.mid(start, end < 0 ? -1 : end - start);
