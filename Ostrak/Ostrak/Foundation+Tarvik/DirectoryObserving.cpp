@@ -8,6 +8,7 @@
 #include "File.h"
 #include "FolderWatch.h"
 #include "Logging.h"
+#include "Text.h"
 #include "TimerCountdown.h"
 
 using namespace Qt::StringLiterals;
@@ -23,9 +24,9 @@ constexpr std::chrono::milliseconds firstWait{20};
 // Absolute and without symbolic links, also of a folder that is not there yet.
 QString resolved(const QString &path) {
   if (path.isEmpty()) return {};
-  const QString expanded = stringByExpandingTildeInPath(path);
+  const QString place = expanded(path);
   const QString absolute =
-      expanded.startsWith(u'/') ? expanded : QString(QDir::currentPath() + u'/' + expanded);
+      place.startsWith(u'/') ? place : QString(QDir::currentPath() + u'/' + place);
   return QDir::cleanPath(stringByResolvingSymlinksInPathFixed(absolute));
 }
 

@@ -2,17 +2,14 @@
 
 #include <fcntl.h>
 #include <linux/fs.h>
-#include <pwd.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <cstdlib>
 #include <filesystem>
-#include <vector>
 
 #include "../Ostrak.h"
 #include "Descriptor.h"
@@ -202,22 +199,6 @@ QString stringByResolvingSymlinksInPathFixed(const QString &path) {
   const std::filesystem::path resolved =
       std::filesystem::weakly_canonical(nativePath(path).toStdString(), error);
   return error ? path : QFile::decodeName(resolved.c_str());
-}
-
-QString stringByExpandingTildeInPath(const QString &path) {
-  if (!path.startsWith(u'~')) return path;
-  const QString account = path.section(u'/', 0, 0).mid(1);
-  const QString rest = path.mid(account.size() + 1);
-  if (account.isEmpty()) return QDir::homePath() + rest;
-  constexpr size_t size = 65536;
-  std::vector<char> buffer(size);
-  passwd entry{};
-  passwd *found = nullptr;
-  if (::getpwnam_r(account.toLocal8Bit().constData(), &entry, buffer.data(), buffer.size(),
-                   &found) != 0 ||
-      !found)
-    return path;
-  return QFile::decodeName(found->pw_dir) + rest;
 }
 
 std::optional<QByteArray> contents(const QString &path) {

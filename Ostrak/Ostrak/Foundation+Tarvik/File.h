@@ -58,9 +58,6 @@ constexpr qsizetype longestFileName = 255;
 [[nodiscard]] std::optional<QString> fileAliasTarget(const QString &path);
 [[nodiscard]] std::optional<QString> fileAliasTarget(const QUrl &location);
 [[nodiscard]] QString stringByResolvingSymlinksInPathFixed(const QString &path);
-// "~" at the beginning becomes the user's home folder, "~name" that of the account; a path of an
-// unknown account stays as it is.
-[[nodiscard]] QString stringByExpandingTildeInPath(const QString &path);
 
 [[nodiscard]] std::optional<QStringList> dirContents(const QString &path);
 [[nodiscard]] std::optional<QList<QUrl>> dirContents(const QUrl &location);

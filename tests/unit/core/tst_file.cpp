@@ -33,8 +33,6 @@ class TestFile final : public QObject {
   void nulNamesNothing();
   void temporaryFolders();
   void resolvesLinks();
-  void expandsTilde_data();
-  void expandsTilde();
 
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -259,25 +257,6 @@ void TestFile::resolvesLinks() {
            QString(real + u"/missing/new"_s));
   QCOMPARE(stringByResolvingSymlinksInPathFixed(path(u"loop"_s)), path(u"loop"_s));
   QCOMPARE(stringByResolvingSymlinksInPathFixed(u"/proc/self/root/.."_s), u"/"_s);
-}
-
-void TestFile::expandsTilde_data() {
-  QTest::addColumn<QString>("path");
-  QTest::addColumn<QString>("expanded");
-  const QString home = QDir::homePath();
-  QTest::newRow("home") << u"~"_s << home;
-  QTest::newRow("below it") << u"~/a b/c"_s << home + u"/a b/c"_s;
-  QTest::newRow("of an account") << u"~root/x"_s << u"/root/x"_s;
-  QTest::newRow("of an unknown account")
-      << u"~nobody-has-this-name/x"_s << u"~nobody-has-this-name/x"_s;
-  QTest::newRow("not at the beginning") << u"/tmp/~/x"_s << u"/tmp/~/x"_s;
-  QTest::newRow("none") << u"/tmp"_s << u"/tmp"_s;
-  QTest::newRow("empty") << u""_s << u""_s;
-}
-
-void TestFile::expandsTilde() {
-  QFETCH(const QString, path);
-  QTEST(stringByExpandingTildeInPath(path), "expanded");
 }
 
 QTEST_GUILESS_MAIN(TestFile)
