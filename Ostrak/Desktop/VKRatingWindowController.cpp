@@ -133,8 +133,8 @@ void VKRatingWindowController::showPane(QWidget &pane, QWidget &focus) {
 
 void VKRatingWindowController::happyClicked() {
   if (!m_window) return;
-  m_ratemacupdateButton->setEnabled(!tk->infoValue(u"MacupdateProductPage"_s).isNull());
-  m_rateappstoreButton->setEnabled(!tk->infoValue(u"StoreProductPage"_s).isNull());
+  m_ratemacupdateButton->setEnabled(tk->hasDestination(Ostrak::openMacupdateWebsite));
+  m_rateappstoreButton->setEnabled(tk->hasDestination(Ostrak::openAppStoreApp));
   const auto ratings = {m_ratemacupdateButton, m_rateappstoreButton};
   const auto *first = std::ranges::find_if(ratings, &QWidget::isEnabled);
   showPane(*m_happyView, first == ratings.end() ? *m_notnowButton : **first);

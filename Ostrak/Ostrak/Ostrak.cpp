@@ -18,6 +18,24 @@ namespace {
 // Where the maker's pages are when the bundle does not say.
 const QString makersAddress = u"https://decant.example/"_s;
 
+// Where the bundle's information names a destination; null for a number that is none.
+QString keyOf(int choice) {
+  switch (choice) {
+    case Ostrak::openSupportRequestMail:
+    case Ostrak::openBetaSignupMail:
+      return u"FeedbackEmail"_s;
+    case Ostrak::openHomepageWebsite:
+      return u"VendorProductPage"_s;
+    case Ostrak::openAppStoreWebsite:
+    case Ostrak::openAppStoreApp:
+      return u"StoreProductPage"_s;
+    case Ostrak::openMacupdateWebsite:
+      return u"MacupdateProductPage"_s;
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 Ostrak *tk = nullptr;
@@ -118,7 +136,7 @@ QStringList Ostrak::appCrashLogs() const {
 
 void Ostrak::sendSupportRequestMail(const QString &usersText) {
   const auto gather = SupportFacts::gatherer(keyboard() && keyboard()->altHeld());
-  const QString configured = infoValue(u"FeedbackEmail"_s);
+  const QString configured = infoValue(keyOf(openSupportRequestMail));
   const QString address = configured.isNull() ? builtInSupportAddress() : configured;
   patiently(
       localized(u"Preparing the Message"_s),
@@ -140,29 +158,29 @@ void Ostrak::openURL(int choice) {
   }
 }
 
+bool Ostrak::hasDestination(UrlChoice choice) const {
+  return !infoValue(keyOf(choice)).isNull();
+}
+
 QString Ostrak::destination(int choice) const {
-  const QString store = infoValue(u"StoreProductPage"_s);
+  const QString named = infoValue(keyOf(choice));
   switch (choice) {
-    case openBetaSignupMail: {
-      const QString address = infoValue(u"FeedbackEmail"_s);
-      if (address.isNull()) return {};
+    case openBetaSignupMail:
+      if (named.isNull()) return {};
       return makeString(
           u"s%@?subject=%@ Beta Versions&body=Hello\nI would like to test upcoming beta "
           u"versions of %@.\nBye\n"_s,
-          address, appName(), appName());
-    }
+          named, appName(), appName());
     case openHomepageWebsite: {
-      const QString page = infoValue(u"VendorProductPage"_s);
-      if (!page.isNull()) return page;
+      if (!named.isNull()) return named;
       const QString firstWord = appName().toLower().section(u' ', 0, 0).section(u'-', 0, 0);
       return makeString(u"%@%@/"_s, makersAddress, firstWord);
     }
-    case openAppStoreWebsite:
-      return store;
     case openAppStoreApp:
-      return QString(store).replace("https"_L1, "macappstore"_L1);
+      return QString(named).replace("https"_L1, "macappstore"_L1);
+    case openAppStoreWebsite:
     case openMacupdateWebsite:
-      return infoValue(u"MacupdateProductPage"_s);
+      return named;
     default:
       return u""_s;
   }

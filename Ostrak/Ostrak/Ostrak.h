@@ -91,6 +91,8 @@ class Ostrak final {
     openMacupdateWebsite = 6
   };
   void openURL(int choice);
+  // Whether the bundle's information names this destination.
+  [[nodiscard]] bool hasDestination(UrlChoice choice) const;
 
  private:
   [[nodiscard]] QString destination(int choice) const;

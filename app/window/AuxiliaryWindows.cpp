@@ -35,22 +35,21 @@ void chooseDocuments(const QWidget &window) {
     view->setLocalRTFName(documentName(view->localRTFName()));
 }
 
-// A button whose key the bundle does not have would lead nowhere and is not shown.
+// A button whose destination the bundle does not name would lead nowhere and is not shown.
 void connectLinks(QWidget &window) {
   struct Link {
     const char *button;
     ostrak::Ostrak::UrlChoice choice;
-    const char *key;
   };
   static constexpr Link links[] = {
-      {"supportButton", ostrak::Ostrak::openSupportRequestMail, "FeedbackEmail"},
-      {"homepageButton", ostrak::Ostrak::openHomepageWebsite, "VendorProductPage"},
-      {"storeButton", ostrak::Ostrak::openAppStoreWebsite, "StoreProductPage"},
-      {"rateButton", ostrak::Ostrak::openMacupdateWebsite, "MacupdateProductPage"},
+      {"supportButton", ostrak::Ostrak::openSupportRequestMail},
+      {"homepageButton", ostrak::Ostrak::openHomepageWebsite},
+      {"storeButton", ostrak::Ostrak::openAppStoreWebsite},
+      {"rateButton", ostrak::Ostrak::openMacupdateWebsite},
   };
   for (const Link &link : links) {
     auto &button = ostrak::outlet<QAbstractButton>(window, QString::fromLatin1(link.button));
-    button.setHidden(tk->infoValue(QString::fromLatin1(link.key)).isNull());
+    button.setHidden(!tk->hasDestination(link.choice));
     QObject::connect(&button, &QAbstractButton::clicked, &button,
                      [choice = link.choice] { tk->openURL(choice); });
   }

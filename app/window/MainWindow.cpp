@@ -151,25 +151,24 @@ void MainWindow::connectMenus() {
   on(u"aboutAction"_s, [this] { tellAbout(); });
   on(u"promotionAction"_s, [this] { Q_EMIT promotionWanted(); });
 
-  // The tag of each entry is the choice that it opens; without its key in the bundle it leads
-  // nowhere.
+  // The tag of each entry is the choice that it opens; one that the bundle does not
+  // name leads nowhere.
   struct Link {
     const char *name;
     ostrak::Ostrak::UrlChoice choice;
-    const char *key;
   };
   static constexpr Link links[] = {
-      {"supportAction", ostrak::Ostrak::openSupportRequestMail, "FeedbackEmail"},
-      {"betaAction", ostrak::Ostrak::openBetaSignupMail, "FeedbackEmail"},
-      {"homepageAction", ostrak::Ostrak::openHomepageWebsite, "VendorProductPage"},
-      {"storeWebAction", ostrak::Ostrak::openAppStoreWebsite, "StoreProductPage"},
-      {"storeAppAction", ostrak::Ostrak::openAppStoreApp, "StoreProductPage"},
-      {"macupdateAction", ostrak::Ostrak::openMacupdateWebsite, "MacupdateProductPage"},
+      {"supportAction", ostrak::Ostrak::openSupportRequestMail},
+      {"betaAction", ostrak::Ostrak::openBetaSignupMail},
+      {"homepageAction", ostrak::Ostrak::openHomepageWebsite},
+      {"storeWebAction", ostrak::Ostrak::openAppStoreWebsite},
+      {"storeAppAction", ostrak::Ostrak::openAppStoreApp},
+      {"macupdateAction", ostrak::Ostrak::openMacupdateWebsite},
   };
   for (const Link &link : links) {
     QAction &entry = action(QString::fromLatin1(link.name));
     entry.setProperty("tag", static_cast<int>(link.choice));
-    entry.setEnabled(!tk->infoValue(QString::fromLatin1(link.key)).isNull());
+    entry.setEnabled(tk->hasDestination(link.choice));
     connect(&entry, &QAction::triggered, this, [&app, &entry] { app.openURL(entry); });
   }
 }

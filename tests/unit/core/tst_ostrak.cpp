@@ -189,6 +189,7 @@ void TestOstrak::destinations() {
   tk->openURL(choice);
   QCOMPARE(opened().size(), 1);
   QCOMPARE(QString::fromLatin1(opened().first().toEncoded()), address);
+  QCOMPARE(tk->hasDestination(Ostrak::UrlChoice(choice)), !address.isEmpty());
 }
 
 void TestOstrak::missingKeysOpenNothing() {
@@ -198,6 +199,8 @@ void TestOstrak::missingKeysOpenNothing() {
   for (const int choice : {2, 4, 5, 6})
     tk->openURL(choice);
   QVERIFY(opened().isEmpty());
+  for (int choice = 1; choice <= 6; ++choice)
+    QVERIFY(!tk->hasDestination(Ostrak::UrlChoice(choice)));
   tk->openURL(Ostrak::openHomepageWebsite);
   QCOMPARE(opened(), QList<QUrl>{QUrl(u"https://decant.example/decant/"_s)});
 }
