@@ -55,6 +55,28 @@ void connectLinks(QWidget &window) {
   }
 }
 
+// The window, loaded if it is not there, and then prepared. False when that fails, which is told.
+bool load(QPointer<QWidget> &window, const QString &nibName, void (*prepare)(QWidget &)) {
+  if (window) return true;
+  window = ostrak::loadInterface(nibName, nullptr, makeView);
+  if (!window) {
+    tellFormMissing(nibName);
+    return false;
+  }
+  window->setAttribute(Qt::WA_DeleteOnClose);
+  chooseDocuments(*window);
+  const auto *close = new QShortcut(QKeySequence::Close, window);
+  QObject::connect(close, &QShortcut::activated, window, &QWidget::close);
+  prepare(*window);
+  return true;
+}
+
+void bringToFront(QWidget &window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
 }  // namespace
 
 AuxiliaryWindows::AuxiliaryWindows(QObject *parent) : QObject(parent) {}
@@ -65,45 +87,28 @@ AuxiliaryWindows::~AuxiliaryWindows() {
 }
 
 void AuxiliaryWindows::openDocumentationWindow(int tag) {
-  const bool isNew = !m_documentationWindow;
-  openWindow(m_documentationWindow, u"DocumentationWindow"_s);
-  if (!m_documentationWindow) return;
-  auto *tabs = ostrak::viewWithClass<QTabWidget>(*m_documentationWindow);
-  if (!tabs) return;
-  if (tag >= 0) tabs->setCurrentIndex(tag);
   // So that the keys lead through the tabs at once.
-  if (isNew) tabs->setFocus();
+  const auto focusTabs = [](QWidget &window) {
+    if (auto *tabs = ostrak::viewWithClass<QTabWidget>(window)) tabs->setFocus();
+  };
+  if (!load(m_documentationWindow, u"DocumentationWindow"_s, focusTabs)) return;
+  auto *tabs = ostrak::viewWithClass<QTabWidget>(*m_documentationWindow);
+  if (tabs && tag >= 0) tabs->setCurrentIndex(tag);
+  bringToFront(*m_documentationWindow);
 }
 
 void AuxiliaryWindows::openPromotion() {
-  const bool isNew = !m_promotionWindow;
-  openWindow(m_promotionWindow, u"PromotionWindow"_s);
-  if (!isNew || !m_promotionWindow) return;
-  connectLinks(*m_promotionWindow);
-  ostrak::outlet<QLabel>(*m_promotionWindow, u"versionLabel"_s)
-      .setText(versionText() + u"   "_s + buildText());
+  const auto fillIn = [](QWidget &window) {
+    connectLinks(window);
+    ostrak::outlet<QLabel>(window, u"versionLabel"_s)
+        .setText(versionText() + u"   "_s + buildText());
+  };
+  if (load(m_promotionWindow, u"PromotionWindow"_s, fillIn)) bringToFront(*m_promotionWindow);
 }
 
 void AuxiliaryWindows::closeAll() {
   for (QWidget *window : {m_documentationWindow.data(), m_promotionWindow.data()})
     if (window) window->close();
-}
-
-void AuxiliaryWindows::openWindow(QPointer<QWidget> &window, const QString &nibName) {
-  if (!window) {
-    window = ostrak::loadInterface(nibName, nullptr, makeView);
-    if (!window) {
-      tellFormMissing(nibName);
-      return;
-    }
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    chooseDocuments(*window);
-    const auto *close = new QShortcut(QKeySequence::Close, window);
-    connect(close, &QShortcut::activated, window, &QWidget::close);
-  }
-  window->show();
-  window->raise();
-  window->activateWindow();
 }
 
 }  // namespace decant

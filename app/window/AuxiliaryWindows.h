@@ -26,8 +26,6 @@ class AuxiliaryWindows final : public QObject {
   [[nodiscard]] QWidget *promotionWindow() const { return m_promotionWindow; }
 
  private:
-  static void openWindow(QPointer<QWidget> &window, const QString &nibName);
-
   QPointer<QWidget> m_documentationWindow;
   QPointer<QWidget> m_promotionWindow;
 };

@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -68,6 +69,21 @@ class TestDocumentation final : public QObject {
     QVERIFY(m_b->trigger(command));
     QVERIFY(QTest::qWaitForWindowExposed(documentation()));
     QTEST(tabs().currentWidget()->objectName(), "page");
+  }
+
+  // The arrow keys lead from tab to tab at once.
+  void tabsHaveTheKeyboard_data() {
+    QTest::addColumn<int>("tag");
+    QTest::newRow("at the first page") << -1;
+    QTest::newRow("at another") << 3;
+  }
+  void tabsHaveTheKeyboard() {
+    QFETCH(int, tag);
+    auxiliary().openDocumentationWindow(tag);
+    QVERIFY(QTest::qWaitForWindowActive(documentation()));
+    const int first = tabs().currentIndex();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QCOMPARE(tabs().currentIndex(), first + 1);
   }
 
   void negativeTagKeepsTheTab() {
