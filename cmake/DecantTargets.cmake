@@ -17,7 +17,9 @@ if(DECANT_SANITIZE)
   target_link_options(decant_strict INTERFACE -fsanitize=${DECANT_SANITIZE})
 endif()
 if(DECANT_COVERAGE)
-  target_compile_options(decant_strict INTERFACE --coverage)
+  # A child shares its memory with the program until it becomes the tool (vfork). What the compiler
+  # would put before execve, writing the counters down, would count as the end of the program's counting.
+  target_compile_options(decant_strict INTERFACE --coverage -fno-builtin-execve)
   target_link_options(decant_strict INTERFACE --coverage)
 endif()
 
