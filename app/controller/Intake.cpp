@@ -1,6 +1,7 @@
 #include "Intake.h"
 
 #include <QPointer>
+#include <QSet>
 #include <utility>
 
 #include "Dispatch.h"
@@ -76,15 +77,15 @@ struct Intake::Reading {
   QString path;
   QMap<QString, QString> subtitles;
   QStringList untested;
-  QStringList texts;  // the untested ones that hold text
-  QString subtitle;   // the paired one; null when there is none
+  QSet<QString> texts;  // the untested ones that hold text
+  QString subtitle;     // the paired one; null when there is none
   ProbeRun run;
 
   // Subtitle files may lie where a file takes long to open.
   void pair() {
     for (const QString &each : std::as_const(untested)) {
       if (!isTextSubtitle(each)) continue;
-      texts.append(each);
+      texts.insert(each);
       subtitles.insert(stemOf(each), each);
     }
     subtitle = pairedSubtitle(path, subtitles);
