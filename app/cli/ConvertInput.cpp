@@ -27,7 +27,7 @@ Kind kindOf(const QString &path) {
 
 // Also one that can't be read, which is told in other words first.
 bool isPictures(const QString &path) {
-  return lowerExtension(path) == "sub"_L1 && sortFiles({path}).subtitles.isEmpty();
+  return lowerExtension(path) == "sub"_L1 && !isTextSubtitle(path);
 }
 
 // Why a subtitle file can't be taken; null when it can.
@@ -92,7 +92,7 @@ class Sorter final {
 
   // Nobody asked for what merely lies beside the movies.
   static bool isLeftOut(const GivenFile &found) {
-    if (found.refused() || !whyNotReadable(found.path).isNull() || !isPictures(found.path))
+    if (found.refused() || !isPictures(found.path) || !whyNotReadable(found.path).isNull())
       return false;
     ostrak::tk_log_level(5, u"Info: the subtitles in %@ are pictures and left out"_s, found.path);
     return true;

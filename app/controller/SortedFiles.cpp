@@ -7,7 +7,6 @@
 #include <QDir>
 #include <array>
 #include <optional>
-#include <utility>
 
 #include "Descriptor.h"
 
@@ -74,19 +73,6 @@ SortedFiles sortByName(const QStringList &paths) {
     } else if (extension == "sub"_L1) {
       sorted.untested.append(path);
     } else if (subtitleFileTypes().contains(extension)) {
-      sorted.subtitles.insert(stemOf(path), path);
-    } else {
-      sorted.others.append(path);
-    }
-  }
-  return sorted;
-}
-
-SortedFiles sortFiles(const QStringList &paths) {
-  SortedFiles sorted = sortByName(paths);
-  // After all others, so that a "sub" replaces the rest of its stem wherever it stood.
-  for (const QString &path : std::exchange(sorted.untested, {})) {
-    if (isTextSubtitle(path)) {
       sorted.subtitles.insert(stemOf(path), path);
     } else {
       sorted.others.append(path);

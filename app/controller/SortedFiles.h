@@ -24,8 +24,6 @@ struct SortedFiles {
 // Whether the file holds subtitles as text, by its first bytes: an MPEG program stream is a picture
 // subtitle. False also for what is not a readable file. May take long on a folder far away.
 [[nodiscard]] bool isTextSubtitle(const QString &path);
-// The same, and ".sub" files by their content, too: what is no text goes to `others`.
-[[nodiscard]] SortedFiles sortFiles(const QStringList &paths);
 // The subtitle file for a movie: the exact stem first, then "stem.", then any that begins with the
 // stem, each by path. How the paths are written ("./", "x/../") makes no difference; links are not
 // looked at. Null when there is none.

@@ -35,6 +35,8 @@ class TestIntakeRecord final : public QObject {
   void subtitlesAloneDoNothingYet();
   void subFilesAreReadWithTheMovie();
   void pictureSubLeavesTheOthers();
+  void textSubReplacesTheOthersThatCameWithIt_data();
+  void textSubReplacesTheOthersThatCameWithIt();
   void laterSubtitleReplacesAnUntestedSub();
   void subtitleIsPairedAndCounted();
   void pairingStaysForALaterMovie();
@@ -83,6 +85,22 @@ void TestIntakeRecord::pictureSubLeavesTheOthers() {
   waitForShown(u"a.mkv"_s);
   QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(srt));
   QCOMPARE(m_intake->importSubtitleFiles().values(), QStringList(srt));
+}
+
+void TestIntakeRecord::textSubReplacesTheOthersThatCameWithIt_data() {
+  QTest::addColumn<bool>("first");
+  QTest::newRow("before them") << true;
+  QTest::newRow("after them") << false;
+}
+
+void TestIntakeRecord::textSubReplacesTheOthersThatCameWithIt() {
+  QFETCH(const bool, first);
+  const QString sub = write(u"a.sub"_s, "{1}{2}text");
+  const QString srt = m_program->path(u"a.srt"_s);
+  m_intake->openFiles({first ? sub : srt, first ? srt : sub, m_program->path(u"a.mkv"_s)});
+  waitForShown(u"a.mkv"_s);
+  QCOMPARE(m_intake->fileInfo()->subtitleFileURL, QUrl::fromLocalFile(sub));
+  QCOMPARE(m_intake->importSubtitleFiles().values(), QStringList(sub));
 }
 
 void TestIntakeRecord::laterSubtitleReplacesAnUntestedSub() {

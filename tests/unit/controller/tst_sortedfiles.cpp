@@ -29,8 +29,7 @@ class TestSortedFiles final : public QObject {
   void subtitlesAreKnownByTheirStem();
   void contentOfSubDecides_data();
   void contentOfSubDecides();
-  void subThatIsNoFileIsLeftOut();
-  void subReplacesOthersOfItsStem();
+  void subThatIsNoFileIsNoText();
   void pairing_data();
   void pairing();
   void writingDoesNotMatter_data();
@@ -75,7 +74,7 @@ void TestSortedFiles::withoutExtension() {
 
 void TestSortedFiles::moviesKeepTheirOrder() {
   const SortedFiles sorted =
-      sortFiles({u"/z.MKV"_s, u"/a.webm"_s, u"/m.Ts"_s, u"/b.mp4"_s, u"/a.webm"_s});
+      sortByName({u"/z.MKV"_s, u"/a.webm"_s, u"/m.Ts"_s, u"/b.mp4"_s, u"/a.webm"_s});
   QCOMPARE(sorted.movies,
            QStringList({u"/z.MKV"_s, u"/a.webm"_s, u"/m.Ts"_s, u"/b.mp4"_s, u"/a.webm"_s}));
   QVERIFY(sorted.others.isEmpty());
@@ -84,7 +83,7 @@ void TestSortedFiles::moviesKeepTheirOrder() {
 void TestSortedFiles::everythingElseIsLeftOut() {
   const QStringList others{u"/folder"_s, u"/read.txt"_s, u"/film.avi"_s, u"/.mkv"_s,
                            u"/film.m4v"_s};
-  const SortedFiles sorted = sortFiles(others);
+  const SortedFiles sorted = sortByName(others);
   QCOMPARE(sorted.others, others);
   QVERIFY(sorted.movies.isEmpty());
   QVERIFY(sorted.subtitles.isEmpty());
@@ -92,7 +91,7 @@ void TestSortedFiles::everythingElseIsLeftOut() {
 
 void TestSortedFiles::subtitlesAreKnownByTheirStem() {
   const SortedFiles sorted =
-      sortFiles({u"/a.SRT"_s, u"/b.ass"_s, u"/c.ssa"_s, u"/d.smi"_s, u"/a.ass"_s, u"/b.en.srt"_s});
+      sortByName({u"/a.SRT"_s, u"/b.ass"_s, u"/c.ssa"_s, u"/d.smi"_s, u"/a.ass"_s, u"/b.en.srt"_s});
   const QMap<QString, QString> expected{{u"/a"_s, u"/a.ass"_s},
                                         {u"/b"_s, u"/b.ass"_s},
                                         {u"/b.en"_s, u"/b.en.srt"_s},
@@ -116,28 +115,20 @@ void TestSortedFiles::contentOfSubDecides() {
   QFETCH(const QByteArray, bytes);
   QFETCH(const bool, isText);
   const QString path = write(u"Film.SUB"_s, bytes);
-  const SortedFiles sorted = sortFiles({path});
-  QCOMPARE(sorted.subtitles.values(), isText ? QStringList(path) : QStringList());
-  QCOMPARE(sorted.others, isText ? QStringList() : QStringList(path));
+  QCOMPARE(isTextSubtitle(path), isText);
+  const SortedFiles sorted = sortByName({path});
+  QCOMPARE(sorted.untested, QStringList(path));
+  QVERIFY(sorted.subtitles.isEmpty());
 }
 
-void TestSortedFiles::subThatIsNoFileIsLeftOut() {
+void TestSortedFiles::subThatIsNoFileIsNoText() {
   const QString folder = m_folder.filePath(u"folder.sub"_s);
   QVERIFY(QDir().mkpath(folder));
   // Nobody writes to it: opening it for reading in the plain way would wait for ever.
   const QString pipe = m_folder.filePath(u"pipe.sub"_s);
   QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-  const QStringList paths{folder, pipe, m_folder.filePath(u"gone.sub"_s)};
-  const SortedFiles sorted = sortFiles(paths);
-  QVERIFY(sorted.subtitles.isEmpty());
-  QCOMPARE(sorted.others, paths);
-}
-
-void TestSortedFiles::subReplacesOthersOfItsStem() {
-  const QString sub = write(u"Both.sub"_s, "text");
-  const QString srt = m_folder.filePath(u"Both.srt"_s);
-  QCOMPARE(sortFiles({sub, srt}).subtitles.values(), QStringList(sub));
-  QCOMPARE(sortFiles({srt, sub}).subtitles.values(), QStringList(sub));
+  for (const QString &path : {folder, pipe, m_folder.filePath(u"gone.sub"_s)})
+    QVERIFY(!isTextSubtitle(path));
 }
 
 void TestSortedFiles::pairing_data() {
@@ -163,7 +154,7 @@ void TestSortedFiles::pairing_data() {
 
 void TestSortedFiles::pairing() {
   QFETCH(const QStringList, subtitles);
-  const QMap<QString, QString> known = sortFiles(subtitles).subtitles;
+  const QMap<QString, QString> known = sortByName(subtitles).subtitles;
   QTEST(pairedSubtitle(u"/f/Film.mkv"_s, known), "expected");
 }
 
@@ -181,7 +172,7 @@ void TestSortedFiles::writingDoesNotMatter() {
   QFETCH(const QString, movie);
   QFETCH(const QString, subtitle);
   const QStringList others{u"/f/./Film9.srt"_s, u"/f/Film/../Film8.srt"_s};
-  QCOMPARE(pairedSubtitle(movie, sortFiles(QStringList{subtitle} + others).subtitles), subtitle);
+  QCOMPARE(pairedSubtitle(movie, sortByName(QStringList{subtitle} + others).subtitles), subtitle);
 }
 
 QTEST_GUILESS_MAIN(TestSortedFiles)
