@@ -20,10 +20,6 @@ namespace decant {
 
 namespace {
 
-QString keyOf(const Setting &setting) {
-  return QString::fromLatin1(setting.key);
-}
-
 // Bytes, such as a folder's bookmark, as Base64.
 QString textOfItem(const QVariant &item) {
   if (item.typeId() == QMetaType::QByteArray)

@@ -2,13 +2,11 @@
 
 #include <QMutex>
 #include <QSet>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <string_view>
-#include <unordered_map>
 
 #include "Defaults.h"
+#include "DestinationMenu.h"
 #include "Format.h"
 #include "Logging.h"
 #include "Ostrak.h"
@@ -24,90 +22,6 @@ namespace {
 using ostrak::localized;
 using ostrak::makeString;
 using ostrak::tk;
-
-// The largest whole number that every number on the way, floating point ones too, holds exactly.
-constexpr qint64 noLimit = qint64{1} << 53;
-
-constexpr Setting flag(const char *key, qint64 fallback) {
-  return {key, SettingKind::Boolean, fallback, 0, 1, true};
-}
-constexpr Setting onlyRead(const char *key) {
-  return {key, SettingKind::Boolean, 0, 0, 1, false};
-}
-constexpr Setting choice(const char *key, qint64 fallback, qint64 maximum) {
-  return {key, SettingKind::Integer, fallback, 0, maximum, true};
-}
-// A choice whose entry 1 is not there any more, or never was.
-constexpr Setting choiceWithout1(const char *key, qint64 fallback, qint64 maximum) {
-  return {key, SettingKind::Integer, fallback, 0, maximum, true, false, 1};
-}
-constexpr Setting repairing(const char *key, qint64 maximum) {
-  return {key, SettingKind::Integer, 0, 0, maximum, true, true};
-}
-constexpr Setting list(const char *key) {
-  return {key, SettingKind::List, 0, 0, 0, true};
-}
-
-constexpr std::array<Setting, 35> table{{
-    repairing("ConversionPreset", 2),
-    flag("IncludeSurroundTrack", 0),
-    flag("IncludeSurroundTrackTranscoded", 1),
-    flag("WelcomeShown", 1),
-    choice("DefaultExtension", 1, 1),
-    choice("AACBitrate", 1, 3),
-    choice("AC3StereoBitrate", 1, 3),
-    choice("AC3SurroundBitrate", 1, 3),
-    {"AudioVolume", SettingKind::Number, 100, 0, 1000, true},
-    flag("AutoAdd", 0),
-    flag("AutoClean", 0),
-    flag("AutoRemove", 0),
-    choice("AutoRemoveType", 0, 1),
-    choice("Conversions", 0, noLimit),
-    flag("HasUpgradedFromPre13", 0),
-    choiceWithout1("ExternalSubtitleEncoding", 0, 38),
-    choiceWithout1("DefaultAudio", 0, 8),
-    repairing("DefaultDestination", noLimit),
-    flag("FixSubtitleDuration", 1),
-    list("DestinationBookmarks"),
-    list("DestinationNames"),
-    flag("DisableBuiltinSubtitles", 1),
-    flag("QuitAfterConversion", 0),
-    flag("DTSDownmix", 0),
-    flag("AC3Downmix", 0),
-    choice("CustomAC3Handling", 3, 3),
-    choice("CustomAC351Handling", 3, 3),
-    choice("CustomDTSHandling", 1, 3),
-    choice("CustomDTS51Handling", 2, 3),
-    choice("CustomVorbisHandling", 1, 3),
-    choice("CustomMP3Handling", 1, 3),
-    choice("CustomUnknownHandling", 1, 1),
-    onlyRead("HEAACConvert"),
-    onlyRead("ProduceStreamableFiles"),
-    onlyRead("InsertJobsAtBottom"),
-}};
-
-// The keys as texts, made once: a decision reads some twenty settings.
-const QString &keyOf(const Setting &setting) {
-  static const std::array<QString, table.size()> keys = [] {
-    std::array<QString, table.size()> made;
-    for (size_t i = 0; i < table.size(); ++i)
-      made.at(i) = QString::fromLatin1(table.at(i).key);
-    return made;
-  }();
-  return keys.at(static_cast<size_t>(&setting - table.data()));
-}
-
-const Setting &rowOf(const char *key) {
-  static const std::unordered_map<std::string_view, const Setting *> rows = [] {
-    std::unordered_map<std::string_view, const Setting *> made;
-    for (const Setting &setting : table)
-      made.emplace(setting.key, &setting);
-    return made;
-  }();
-  const auto found = rows.find(key);
-  if (found == rows.end()) qFatal("there is no setting named %s", key);
-  return *found->second;
-}
 
 std::optional<double> numberOfText(const QString &text) {
   bool isNumber = false;
@@ -134,22 +48,19 @@ bool isAllowed(const Setting &setting, double number) {
          number <= static_cast<double>(setting.maximum);
 }
 
-// The index of "DefaultDestination" counts two entries, a separator, and then the stored folders.
-constexpr qint64 separatorOfDestinations = 2;
-
 bool isDestination(const Setting &setting) {
   return keyOf(setting) == "DefaultDestination"_L1;
 }
 
-qint64 lastDestination() {
-  const qint64 folders = ostrak::defaultArray(u"DestinationBookmarks"_s).size();
-  return folders == 0 ? separatorOfDestinations - 1 : separatorOfDestinations + folders;
+qsizetype storedFolders() {
+  return ostrak::defaultArray(u"DestinationBookmarks"_s).size();
 }
 
 QString allowedDestinations() {
-  const qint64 first = separatorOfDestinations + 1;
-  const qint64 last = lastDestination();
-  if (last < first) return makeString(localized(u"%lli or %lli"_s), qint64{0}, last);
+  const qsizetype folders = storedFolders();
+  if (folders == 0) return makeString(localized(u"%lli or %lli"_s), qint64{0}, qint64{1});
+  const qint64 first = menuIndexOfLastFolder(1);
+  const qint64 last = menuIndexOfLastFolder(folders);
   if (last == first)
     return makeString(localized(u"%lli, %lli or %lli"_s), qint64{0}, qint64{1}, last);
   return makeString(localized(u"%lli, %lli or %lli to %lli"_s), qint64{0}, qint64{1}, first, last);
@@ -159,8 +70,7 @@ QString allowedDestinations() {
 bool isTakenNow(const Setting &setting, double number) {
   if (!isAllowed(setting, number)) return false;
   if (!isDestination(setting)) return true;
-  return number != static_cast<double>(separatorOfDestinations) &&
-         number <= static_cast<double>(lastDestination());
+  return number < 2 || folderAtMenuIndex(static_cast<qsizetype>(number), storedFolders());
 }
 
 // A list, which has no text, as it stands in the file.
@@ -191,11 +101,11 @@ void complainOnce(const Setting &setting, const QVariant &stored) {
 bool isUsable(const Setting &setting, const std::optional<double> &number) {
   if (!number) return false;
   if (!setting.repairs) return isAllowed(setting, *number);
-  return *number == std::floor(*number) && std::abs(*number) <= static_cast<double>(noLimit);
+  return *number == std::floor(*number) && std::abs(*number) <= static_cast<double>(noSettingLimit);
 }
 
 double readNumber(const char *key) {
-  const Setting &setting = rowOf(key);
+  const Setting &setting = settingOf(key);
   const QVariant value = tk->userDefaults().value(keyOf(setting));
   const auto fallback = static_cast<double>(setting.fallback);
   if (!value.isValid()) return fallback;
@@ -213,22 +123,11 @@ int choiceOf(const char *key) {
 
 }  // namespace
 
-std::span<const Setting> settingsTable() {
-  return table;
-}
-
-const Setting *findSetting(const QString &key) {
-  for (const Setting &setting : table) {
-    if (key == QLatin1StringView(setting.key)) return &setting;
-  }
-  return nullptr;
-}
-
 QString allowedValues(const Setting &setting) {
   if (setting.kind == SettingKind::Boolean) return localized(u"0 or 1"_s);
   if (setting.kind == SettingKind::List) return localized(u"nothing that can be set as text"_s);
   if (isDestination(setting)) return allowedDestinations();
-  if (setting.maximum == noLimit)
+  if (setting.maximum == noSettingLimit)
     return makeString(localized(u"a whole number from %lli"_s), setting.minimum);
   if (setting.kind == SettingKind::Number)
     return makeString(localized(u"a number from %lli to %lli"_s), setting.minimum, setting.maximum);
@@ -259,7 +158,7 @@ QVariant valueFromText(const Setting &setting, const QString &text) {
 
 void registerSettings() {
   QVariantMap defaults;
-  for (const Setting &setting : table) {
+  for (const Setting &setting : settingsTable()) {
     if (!setting.registered) continue;
     defaults.insert(keyOf(setting), setting.kind == SettingKind::List ? QVariant(QVariantList())
                                                                       : QVariant(setting.fallback));
@@ -282,7 +181,7 @@ double settingDouble(const char *key) {
 
 QStringList storedValueComplaints() {
   QStringList complaints;
-  for (const Setting &setting : table) {
+  for (const Setting &setting : settingsTable()) {
     if (setting.kind == SettingKind::List || tk->userDefaults().isOverridden(keyOf(setting)))
       continue;
     const QVariant stored = tk->userDefaults().storedValue(keyOf(setting));
