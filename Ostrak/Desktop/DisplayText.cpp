@@ -1,7 +1,5 @@
 #include "DisplayText.h"
 
-#include <QComboBox>
-
 namespace ostrak {
 
 namespace {
@@ -14,13 +12,6 @@ constexpr QChar popIsolate(0x2069);
 QString displayText(const QString &text, Qt::LayoutDirection direction) {
   if (direction != Qt::RightToLeft || text.isEmpty()) return text;
   return firstStrongIsolate + text + popIsolate;
-}
-
-void isolateMenuEntries(QWidget &form) {
-  for (QComboBox *menu : form.findChildren<QComboBox *>()) {
-    for (int i = 0; i < menu->count(); ++i)
-      menu->setItemText(i, displayText(menu->itemText(i), form.layoutDirection()));
-  }
 }
 
 }  // namespace ostrak

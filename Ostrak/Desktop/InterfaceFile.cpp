@@ -1,9 +1,11 @@
 #include "InterfaceFile.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QFile>
 #include <QUiLoader>
 
+#include "DisplayText.h"
 #include "Exceptions.h"
 #include "Logging.h"
 #include "Ostrak.h"
@@ -46,6 +48,14 @@ class NoLibraryPaths {
   QStringList m_paths;
 };
 
+void isolateMenuEntries(const QWidget &form) {
+  if (form.layoutDirection() != Qt::RightToLeft) return;
+  for (QComboBox *menu : form.findChildren<QComboBox *>()) {
+    for (int i = 0; i < menu->count(); ++i)
+      menu->setItemText(i, displayText(menu->itemText(i), form.layoutDirection()));
+  }
+}
+
 }  // namespace
 
 QWidget *loadInterface(const QString &name, QWidget *parent, const WidgetMaker &custom) {
@@ -58,7 +68,9 @@ QWidget *loadInterface(const QString &name, QWidget *parent, const WidgetMaker &
   Loader loader(custom);
   loader.clearPluginPaths();
   QWidget *made = loader.load(&file, parent);
-  if (!made)
+  if (made)
+    isolateMenuEntries(*made);
+  else
     tk_log_level(3, u"Error: the interface file %@ is broken: %@"_s, name, loader.errorString());
   return made;
 }

@@ -10,8 +10,9 @@ namespace ostrak {
 
 // Loads the interface file `name`.ui from the bundle's resources, below `parent`. The objects in it
 // carry the names of their outlets. Texts in the file are English keys and come back in the user's
-// language. Null, with a log line, when the file is missing or broken. `custom` makes the widgets
-// of classes that the loader does not know; it answers null for others. Main thread.
+// language, the entries of menus as displayText gives them. Null, with a log line, when the file is
+// missing or broken. `custom` makes the widgets of classes that the loader does not know; it
+// answers null for others. Main thread.
 using WidgetMaker = std::function<QWidget *(const QString &className, QWidget *parent)>;
 [[nodiscard]] QWidget *loadInterface(const QString &name, QWidget *parent = nullptr,
                                      const WidgetMaker &custom = {});

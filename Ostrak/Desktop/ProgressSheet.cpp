@@ -1,13 +1,13 @@
 #include "ProgressSheet.h"
 
 #include <QCloseEvent>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
 #include "AlertTexts.h"
 #include "ElidedLabel.h"
+#include "ScaledFont.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -32,9 +32,7 @@ ProgressSheet::ProgressSheet(QWidget &window)
   setWindowTitle(window.windowTitle());
   setWindowModality(Qt::WindowModal);
 
-  QFont bold = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  // No smaller than what someone has set for all programs.
-  bold.setPointSizeF(qMax(double{titlePoints}, bold.pointSizeF()));
+  QFont bold = systemFontOfAtLeast(titlePoints);
   bold.setBold(true);
   m_title->setObjectName(u"progressTitle"_s);
   m_title->setTextFormat(Qt::PlainText);

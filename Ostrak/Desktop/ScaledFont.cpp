@@ -1,5 +1,7 @@
 #include "ScaledFont.h"
 
+#include <QFontDatabase>
+
 namespace ostrak {
 
 QFont scaledFont(QFont font, double factor) {
@@ -8,6 +10,12 @@ QFont scaledFont(QFont font, double factor) {
   } else {
     font.setPixelSize(qMax(1, qRound(font.pixelSize() * factor)));
   }
+  return font;
+}
+
+QFont systemFontOfAtLeast(double points) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  font.setPointSizeF(qMax(points, font.pointSizeF()));
   return font;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QAbstractButton>
 #include <QEvent>
-#include <QFontDatabase>
 #include <QIcon>
 #include <QLabel>
 #include <QLayout>
@@ -17,6 +16,7 @@
 #include "InterfaceFile.h"
 #include "Ostrak.h"
 #include "PictureView.h"
+#include "ScaledFont.h"
 #include "Text.h"
 
 using namespace Qt::StringLiterals;
@@ -33,10 +33,8 @@ QWidget *makeWidget(const QString &className, QWidget *parent) {
   return className == "PictureView"_L1 ? new PictureView(parent) : nullptr;
 }
 
-// Someone who has set larger letters for all programs gets these no smaller.
 QFont lightFont(double points) {
-  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  font.setPointSizeF(qMax(points, font.pointSizeF()));
+  QFont font = systemFontOfAtLeast(points);
   font.setWeight(QFont::Light);
   return font;
 }

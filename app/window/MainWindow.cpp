@@ -16,7 +16,6 @@
 #include "DestinationFolders.h"
 #include "DestinationPopUp.h"
 #include "DestinationRoad.h"
-#include "DisplayText.h"
 #include "DropMark.h"
 #include "ElidedLabel.h"
 #include "FilePanel.h"
@@ -86,7 +85,6 @@ void MainWindow::follow(const WindowParts &parts) {
   m_parts = std::make_unique<WindowParts>(parts);
   m_parts->panels.setMainWindow(this);
   m_parts->binder.bind(*this);
-  ostrak::isolateMenuEntries(*this);
   m_style = new StylePanel(*this, m_parts->binder, this);
   m_filePanel = &outlet<FilePanel>(*this, u"filePanel"_s);
   m_filePanel->follow(m_parts->app);

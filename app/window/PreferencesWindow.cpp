@@ -44,7 +44,6 @@ PreferencesWindow::~PreferencesWindow() = default;
 void PreferencesWindow::follow(SettingBinder &binder, DestinationFolders &folders) {
   m_folders = &folders;
   binder.bind(*this);
-  ostrak::isolateMenuEntries(*this);
   m_list = &outlet<QListWidget>(*this, u"destinationList"_s);
   m_emptyListText = emptyListText(*m_list);
   m_remove = &outlet<QPushButton>(*this, u"removeDestinationButton"_s);

@@ -51,6 +51,10 @@ QString usualFolder(const QString &key) {
   return QFileInfo(films).isDir() ? films : QDir::homePath();
 }
 
+void remember(const QString &key, const QStringList &chosen) {
+  if (!chosen.isEmpty()) ostrak::setDefaultObject(key, QFileInfo(chosen.first()).absolutePath());
+}
+
 const QString addedFolderKey = u"LastAddedFolder"_s;
 const QString chosenFolderKey = u"LastChosenFolder"_s;
 
@@ -106,8 +110,7 @@ void WindowPanels::askForFolder(Over over, PathAnswer answer) {
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
   show(dialog, u"folderPanel"_s, [answer = std::move(answer)](const QStringList &paths) {
-    if (!paths.isEmpty())
-      ostrak::setDefaultObject(chosenFolderKey, QFileInfo(paths.first()).absolutePath());
+    remember(chosenFolderKey, paths);
     answerFirst(answer, paths);
   });
 }
@@ -120,8 +123,7 @@ void WindowPanels::askForFiles(const QStringList &extensions,
   dialog->setNameFilter(localized(u"Movies and subtitle files"_s) + u" ("_s + patterns(extensions) +
                         u')');
   show(dialog, u"openPanel"_s, [answer = std::move(answer)](const QStringList &paths) {
-    if (!paths.isEmpty())
-      ostrak::setDefaultObject(addedFolderKey, QFileInfo(paths.first()).absolutePath());
+    remember(addedFolderKey, paths);
     answer(paths);
   });
 }
