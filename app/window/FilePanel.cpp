@@ -73,9 +73,7 @@ void FilePanel::update() {
   m_busy->setVisible(busy);
   m_addButton->setText(m_app->addButtonTitle());
   m_addButton->setAccessibleName(m_app->addButtonTitle());
-  // The most pressed of all buttons has some air beside its words.
-  m_addButton->setMinimumWidth(m_addButton->sizeHint().width() +
-                               2 * m_addButton->fontMetrics().averageCharWidth());
+  widenAddButton();
   const bool showsRecord = !busy && intake.fileInfo().has_value();
   const bool idle = intake.state() == Intake::State::Idle;
   if (!showsRecord && (idle || !m_skipButton->hasFocus())) giveFocusAway();
@@ -125,6 +123,12 @@ void FilePanel::fillAudioMenu() {
   m_audioPopUp->setCurrentIndex(static_cast<int>(m_app->intake().audioTrackIndex()));
 }
 
+// The most pressed of all buttons has some air beside its words.
+void FilePanel::widenAddButton() {
+  m_addButton->setMinimumWidth(m_addButton->sizeHint().width() +
+                               2 * m_addButton->fontMetrics().averageCharWidth());
+}
+
 void FilePanel::giveFocusAway() {
   const QWidget *focus = QApplication::focusWidget();
   if (focus && isAncestorOf(focus)) Q_EMIT focusFree();
@@ -148,6 +152,7 @@ bool FilePanel::event(QEvent *event) {
   const bool done = QFrame::event(event);
   // Another font, or texts that need more room.
   if (event->type() == QEvent::LayoutRequest && m_shown) {
+    widenAddButton();
     if (m_slide->state() == QAbstractAnimation::Running)
       m_slide->setEndValue(wantedHeight());
     else

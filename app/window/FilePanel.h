@@ -51,6 +51,7 @@ class FilePanel final : public QFrame {
   void update();
   void showRecord();
   void fillAudioMenu();
+  void widenAddButton();
   void giveFocusAway();
   void showPanel(bool shown);
   [[nodiscard]] int wantedHeight() const;

@@ -33,6 +33,7 @@ class TestFilePanel final : public QObject {
 
   void slidesInAndOut();
   void largerFontsGetWhatTheyNeed();
+  void addButtonHasAirInAnyFont();
   void busyWhileProbing();
   void showsTheRecord();
   void namesThePairedSubtitle();
@@ -87,6 +88,17 @@ void TestFilePanel::largerFontsGetWhatTheyNeed() {
   panel().setFont(font);
   QTRY_VERIFY(panel().height() > before);
   QTRY_COMPARE(panel().height(), panel().layout()->sizeHint().height());
+}
+
+void TestFilePanel::addButtonHasAirInAnyFont() {
+  QVERIFY(m_b->show(u"Film.mkv"_s));
+  const auto air = [this] { return add().width() - add().sizeHint().width(); };
+  QTRY_VERIFY(air() > 0);
+  const int usual = air();
+  QFont font = panel().font();
+  font.setPointSizeF(font.pointSizeF() * 3);
+  panel().setFont(font);
+  QTRY_VERIFY(air() > usual);
 }
 
 void TestFilePanel::busyWhileProbing() {
