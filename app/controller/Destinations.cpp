@@ -157,14 +157,16 @@ bool ClaimedNames::isClaimed(const Files &files) const {
 }
 
 bool ClaimedNames::isSource(const QString &path) const {
-  return jobsOnSource(path) > 0 || isWaiting(path);
+  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(path);
+  return (identity && m_sources.contains(*identity)) || m_sourceNames.contains(nameOf(path)) ||
+         isWaiting(path, identity);
 }
 
-bool ClaimedNames::isWaiting(const QString &path) const {
+bool ClaimedNames::isWaiting(const QString &path,
+                             const std::optional<ostrak::FileIdentity> &identity) const {
   if (!m_waiting) return false;
   const Waiting waiting = m_waiting();
   if (path == waiting.current || waiting.files.contains(path)) return true;
-  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(path);
   const auto isSame = [&identity](const QString &movie) {
     return ostrak::fileIdentity(movie) == identity;
   };
@@ -174,12 +176,6 @@ bool ClaimedNames::isWaiting(const QString &path) const {
 bool ClaimedNames::isSourceName(const Files &files) const {
   return files.destinationName == files.sourceName || files.destinationName == files.subtitleName ||
          m_sourceNames.contains(files.destinationName);
-}
-
-int ClaimedNames::jobsOnSource(const QString &path) const {
-  const std::optional<ostrak::FileIdentity> identity = ostrak::fileIdentity(path);
-  const int byIdentity = identity ? m_sources.value(*identity) : 0;
-  return byIdentity > 0 ? byIdentity : m_sourceNames.value(nameOf(path));
 }
 
 QString ClaimedNames::uniqueName(const QString &wanted) const {

@@ -68,8 +68,6 @@ class ClaimedNames final {
   [[nodiscard]] bool isSource(const QString &path) const;
   // Whether the job's destination has the name of a source of its own, or of a queued job's.
   [[nodiscard]] bool isSourceName(const Files &files) const;
-  // How many jobs read the source at `path`.
-  [[nodiscard]] int jobsOnSource(const QString &path) const;
   // `wanted`, or the first numbered name that neither exists nor is claimed. While such names are
   // claimed, numbers that were once found taken are not looked at again, so that many movies of one
   // name cost no more than others.
@@ -83,7 +81,8 @@ class ClaimedNames final {
     std::optional<ostrak::FileIdentity> subtitle;
   };
   using Claims = QHash<QString, Claim>;
-  [[nodiscard]] bool isWaiting(const QString &path) const;
+  [[nodiscard]] bool isWaiting(const QString &path,
+                               const std::optional<ostrak::FileIdentity> &identity) const;
   void release(Claims::iterator claim);
   void countAnew(const QString &name);
   void protect(const QString &name, const std::optional<ostrak::FileIdentity> &file);
