@@ -28,8 +28,7 @@ bool needsFixupNow(const ConversionPlan &plan, const DryRunSetup &setup) {
   if (!wantsFixupTest(plan.fileInfo, plan.audioTrackIndex, plan.settings)) return false;
   const QTemporaryDir folder(setup.tempFolder + u"/decant-XXXXXX"_s);
   const QString name = plan.fileInfo.destinationURL.fileName();
-  return needFixup(setup.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
-                   folder.filePath(name),
+  return needFixup(setup.toolPath, plan.fileInfo, plan.audioTrackIndex, folder.filePath(name),
                    {.interrupted = [] { return SignalWatcher::received() != 0; }});
 }
 

@@ -32,9 +32,7 @@ QString toolMissingText(const QString &path, const MKVFileInfo &fileInfo) {
 }
 
 bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo, quint64 audioTrackIndex,
-               const ConversionSettings &settings, const QString &destination,
-               const FixupPatience &patience) {
-  if (!wantsFixupTest(fileInfo, audioTrackIndex, settings)) return false;
+               const QString &destination, const FixupPatience &patience) {
   const int track = trackNumber(fileInfo.audioTrackInformation.at(qsizetype(audioTrackIndex)));
   const QStringList arguments = fixupTestArguments(fileInfo, track, destination);
   QByteArray output;

@@ -6,7 +6,6 @@
 #include <functional>
 
 #include "ChildProcess.h"
-#include "ConversionSettings.h"
 #include "MKVFileInfo.h"
 
 namespace decant {
@@ -27,11 +26,11 @@ struct FixupPatience {
   std::function<bool()> interrupted = {};  // the program is to end; asked several times a second
 };
 
-// Whether the chosen track, when it is copied, needs the ADTS filter: asked of the tool by a
-// conversion of one second to `destination`, which it writes over. Blocks for at most the deadline
-// and the grace of the ladder; no answer in time is a no.
+// Whether the chosen track, one for which wantsFixupTest holds, needs the ADTS filter: asked of the
+// tool by a conversion of one second to `destination`, which it writes over. Blocks for at most the
+// deadline and the grace of the ladder; no answer in time is a no.
 [[nodiscard]] bool needFixup(const QString &toolPath, const MKVFileInfo &fileInfo,
-                             quint64 audioTrackIndex, const ConversionSettings &settings,
-                             const QString &destination, const FixupPatience &patience = {});
+                             quint64 audioTrackIndex, const QString &destination,
+                             const FixupPatience &patience = {});
 
 }  // namespace decant

@@ -87,7 +87,7 @@ bool askForFixup(const ConversionPlan &plan, const JobServices &services) {
   const auto done = qScopeGuard([&services] {
     if (services.busy) services.busy(false);
   });
-  return needFixup(services.toolPath, plan.fileInfo, plan.audioTrackIndex, plan.settings,
+  return needFixup(services.toolPath, plan.fileInfo, plan.audioTrackIndex,
                    plan.fileInfo.destinationURL.toLocalFile(),
                    {.delays = services.stopDelays, .interrupted = services.interrupted});
 }

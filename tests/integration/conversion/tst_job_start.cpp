@@ -209,7 +209,7 @@ class TestJobStart final : public QObject {
     info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
     // Whether the tool on a busy machine has printed its words by then or not: it is the same.
     const std::chrono::milliseconds deadline(300);
-    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, {}, bench.outputPath(u"test.m4v"_s),
+    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, bench.outputPath(u"test.m4v"_s),
                        {.delays = {std::chrono::milliseconds(20)}, .deadline = deadline}));
     QVERIFY(!bench.anyChildAlive());
   }
@@ -223,7 +223,7 @@ class TestJobStart final : public QObject {
     info.audioTrackInformation = {{u"#1: eng (aac)"_s, 48000}};
     const auto interrupted = [&bench] { return bench.scenario.announced(u"asked"_s); };
     // Without a deadline: only the interruption can end it.
-    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, {}, bench.outputPath(u"test.m4v"_s),
+    QVERIFY(!needFixup(bench.program.toolPath(), info, 0, bench.outputPath(u"test.m4v"_s),
                        {.deadline = std::chrono::milliseconds(-1), .interrupted = interrupted}));
     QVERIFY(!bench.anyChildAlive());
   }
