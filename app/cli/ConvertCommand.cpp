@@ -1,9 +1,6 @@
 #include "ConvertCommand.h"
 
-#include <unistd.h>
-
 #include <QDir>
-#include <QFile>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -20,6 +17,7 @@
 #include "Ostrak.h"
 #include "Printable.h"
 #include "ProbeAlerts.h"
+#include "ProgressFiles.h"
 #include "Settings.h"
 #include "SettingsCommand.h"
 #include "SignalWatcher.h"
@@ -37,12 +35,6 @@ namespace {
 
 QString toolPath() {
   return tk->resDir() + u"/ffmpeg"_s;
-}
-
-// Where progress files go: a user without a data folder of their own still has a temporary one.
-QString progressFolder() {
-  const QString own = tk->docDir();
-  return ::access(QFile::encodeName(own).constData(), W_OK | X_OK) == 0 ? own : tk->tempDir();
 }
 
 // Why nothing can be written into a folder that is to be made if it is missing; null when it is
@@ -149,7 +141,7 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
                          m_services.clock,
                          m_desktop.sandbox,
                          toolPath(),
-                         progressFolder(),
+                         tk->docDir(),
                          {},
                          std::chrono::seconds(1),
                          [] { return SignalWatcher::received() != 0; }},
@@ -169,8 +161,8 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
 
 int ConvertCommand::dryRun(const Invocation &invocation, ConvertInput input) {
   DryRunReporter reporter(m_services.output, m_services.error, toolPath(), invocation.json);
-  DryRun run({toolPath(), progressFolder(), tk->tempDir(), m_services.preferredLanguages,
-              destinationOf(invocation), invocation.audioTrack},
+  DryRun run({toolPath(), progressFolder(tk->docDir(), tk->tempDir()), tk->tempDir(),
+              m_services.preferredLanguages, destinationOf(invocation), invocation.audioTrack},
              std::move(input), reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
   const int status = run.run();

@@ -41,7 +41,7 @@ struct JobServices {
   Clock &clock;
   Sandbox &sandbox;
   QString toolPath;        // resources/ffmpeg
-  QString progressFolder;  // where progress files are kept; exists
+  QString progressFolder;  // where progress files are kept if they can be; made when missing
   ostrak::StopDelays stopDelays = {};
   std::chrono::milliseconds progressInterval{1000};  // between two looks at the progress
   // Whether the program is to end, asked while a call blocks; empty means never.

@@ -51,6 +51,15 @@ OwnFile claimProgressFile(const QString &fileName, const QString &folder) {
   return file;
 }
 
+OwnFile claimProgressFile(const QString &fileName, const QString &folder, const QString &spare) {
+  OwnFile file = claimProgressFile(fileName, folder);
+  return file.isThere() ? std::move(file) : claimProgressFile(fileName, spare);
+}
+
+QString progressFolder(const QString &folder, const QString &spare) {
+  return ::access(ostrak::nativePath(folder).constData(), W_OK | X_OK) == 0 ? folder : spare;
+}
+
 void sweepProgressFiles(const QString &folder) {
   const QDir all(folder);
   const QStringList names =

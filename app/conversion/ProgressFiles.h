@@ -14,6 +14,12 @@ namespace decant {
 // is made if it is missing; two programs that convert files of one name at the same time do not
 // share it. Where none can be made it is not there.
 [[nodiscard]] OwnFile claimProgressFile(const QString &fileName, const QString &folder);
+// The same, or in `spare` where none can be made in `folder`: a run that cannot tell its progress
+// would fail by that alone.
+[[nodiscard]] OwnFile claimProgressFile(const QString &fileName, const QString &folder,
+                                        const QString &spare);
+// Which of both that would be, for who makes none.
+[[nodiscard]] QString progressFolder(const QString &folder, const QString &spare);
 
 // Deletes the progress files in `folder` that no running program holds. Whatever does not look as
 // if the tool had written it stays, as do links and files of other users.

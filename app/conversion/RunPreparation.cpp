@@ -110,10 +110,8 @@ PreparedRun prepareRun(const RunRequest &request, JobController &ad, const JobSe
   plan.fileInfo.destinationURL = run.destinationURL;
   plan.audioTrackIndex = request.audioTrackIndex;
   plan.settings = request.settings;
-  run.progressFile = claimProgressFile(plan.fileInfo.fileName, services.progressFolder);
-  // A run that cannot tell its progress would fail by that alone.
-  if (!run.progressFile.isThere() && ostrak::tk)
-    run.progressFile = claimProgressFile(plan.fileInfo.fileName, ostrak::tk->tempDir());
+  run.progressFile =
+      claimProgressFile(plan.fileInfo.fileName, services.progressFolder, ostrak::tk->tempDir());
   plan.progressFile = run.progressFile.path();
   plan.fixup = askForFixup(plan, services);
   run.arguments = completeArguments(plan);

@@ -27,6 +27,7 @@ class TestProgressFiles final : public QObject {
 
   void claimedNamesDiffer();
   void claimInNoFolderIsNothing();
+  void spareFolderIsTakenWhereNothingElseIs();
   void sweepsWhatNobodyHolds_data();
   void sweepsWhatNobodyHolds();
   void sweepsNoFolder();
@@ -63,6 +64,19 @@ void TestProgressFiles::claimInNoFolderIsNothing() {
   QFile file(path(u"no folder"_s));
   QVERIFY(file.open(QIODevice::WriteOnly));
   QVERIFY(!claimProgressFile(u"a.mkv"_s, file.fileName()).isThere());
+}
+
+void TestProgressFiles::spareFolderIsTakenWhereNothingElseIs() {
+  const QString spare = path(u"spare"_s);
+  const QString own = path(u"own"_s);
+  QVERIFY(QDir().mkpath(own));
+  QCOMPARE(progressFolder(own, spare), own);
+  QCOMPARE(claimProgressFile(u"a.mkv"_s, own, spare).path(), path(u"own/a.mkv.log"_s));
+  QVERIFY(!QFile::exists(spare));
+  write(u"no folder"_s, "a file");
+  const QString none = path(u"no folder"_s);
+  QCOMPARE(progressFolder(none, spare), spare);
+  QCOMPARE(claimProgressFile(u"a.mkv"_s, none, spare).path(), path(u"spare/a.mkv.log"_s));
 }
 
 void TestProgressFiles::sweepsWhatNobodyHolds_data() {
