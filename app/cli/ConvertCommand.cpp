@@ -37,6 +37,12 @@ QString toolPath() {
   return tk->resDir() + u"/ffmpeg"_s;
 }
 
+QString withoutSlashAtEnd(QString folder) {
+  while (folder.size() > 1 && folder.endsWith(u'/'))
+    folder.chop(1);
+  return folder;
+}
+
 // Why nothing can be written into a folder that is to be made if it is missing; null when it is
 // there.
 QString whyNoFolder(const QString &folder) {
@@ -110,16 +116,18 @@ int ConvertCommand::run(const Invocation &invocation, ConvertInput input) {
     const ostrak::Alert why = processRefusedAlert({}).alert;
     refuseAll(input.files, {u"refused"_s, tk->appName(), why.message});
   }
+  DestinationChoice destination;
   if (invocation.outputFolder) {
     const GivenFile folder = givenFile(*invocation.outputFolder, m_services.workingFolder);
     if (folder.refused()) refuseAll(input.files, {u"notWritable"_s, tk->appName(), folder.refusal});
+    destination = {DestinationChoice::Kind::Folder, withoutSlashAtEnd(folder.path)};
   }
-  return invocation.dryRun ? dryRun(invocation, std::move(input))
-                           : convert(invocation, std::move(input));
+  return invocation.dryRun ? dryRun(invocation, std::move(input), destination)
+                           : convert(invocation, std::move(input), destination);
 }
 
-int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
-  const DestinationChoice destination = destinationOf(invocation);
+int ConvertCommand::convert(const Invocation &invocation, ConvertInput input,
+                            const DestinationChoice &destination) {
   const bool isAnyLeft = std::any_of(input.files.cbegin(), input.files.cend(),
                                      [](const InputFile &file) { return !file.failure; });
   if (destination.kind == DestinationChoice::Kind::Folder && isAnyLeft) {
@@ -159,23 +167,16 @@ int ConvertCommand::convert(const Invocation &invocation, ConvertInput input) {
   return statusOf(result);
 }
 
-int ConvertCommand::dryRun(const Invocation &invocation, ConvertInput input) {
+int ConvertCommand::dryRun(const Invocation &invocation, ConvertInput input,
+                           const DestinationChoice &destination) {
   DryRunReporter reporter(m_services.output, m_services.error, toolPath(), invocation.json);
   DryRun run({toolPath(), progressFolder(tk->docDir(), tk->tempDir()), tk->tempDir(),
-              m_services.preferredLanguages, destinationOf(invocation), invocation.audioTrack},
+              m_services.preferredLanguages, destination, invocation.audioTrack},
              std::move(input), reporter);
   m_presenter.setListener([&run](const ostrak::Alert &alert) { return run.takeAlert(alert); });
   const int status = run.run();
   m_presenter.setListener({});
   return status;
-}
-
-DestinationChoice ConvertCommand::destinationOf(const Invocation &invocation) const {
-  if (!invocation.outputFolder) return {};
-  QString folder = givenFile(*invocation.outputFolder, m_services.workingFolder).path;
-  while (folder.size() > 1 && folder.endsWith(u'/'))
-    folder.chop(1);
-  return {DestinationChoice::Kind::Folder, folder};
 }
 
 }  // namespace decant

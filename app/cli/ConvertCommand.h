@@ -25,9 +25,10 @@ class ConvertCommand final {
   [[nodiscard]] int run(const Invocation &invocation, ConvertInput input);
 
  private:
-  [[nodiscard]] int convert(const Invocation &invocation, ConvertInput input);
-  [[nodiscard]] int dryRun(const Invocation &invocation, ConvertInput input);
-  [[nodiscard]] DestinationChoice destinationOf(const Invocation &invocation) const;
+  [[nodiscard]] int convert(const Invocation &invocation, ConvertInput input,
+                            const DestinationChoice &destination);
+  [[nodiscard]] int dryRun(const Invocation &invocation, ConvertInput input,
+                           const DestinationChoice &destination);
 
   CommandServices &m_services;
   TerminalPresenter &m_presenter;
