@@ -6,14 +6,16 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ostrak {
+namespace ostrak::detail {
 
-OnDemandLibrary loadOnDemand(const QString &name) {
+OnDemand<QObject> loadLibrary(const QString &name) {
   QPluginLoader loader(tk->setup().bundlePath + u"/lib/lib"_s + name + u".so"_s);
-  OnDemandLibrary library;
-  library.object = loader.instance();
-  if (!library.object) library.problem = loader.errorString();
-  return library;
+  QObject *object = loader.instance();
+  return {object, object ? QString() : loader.errorString()};
 }
 
-}  // namespace ostrak
+QString holdsSomethingElse() {
+  return u"the library holds something else"_s;
+}
+
+}  // namespace ostrak::detail

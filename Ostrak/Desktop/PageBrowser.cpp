@@ -58,14 +58,13 @@ void PageBrowser::showHtmlFile(const QString &path) {
 
 void PageBrowser::replaceByOnlineCopy(const QString &address) {
   if (address.isEmpty()) return;
-  const OnDemandLibrary library = loadOnDemand(u"OstrakFetch"_s);
-  auto *fetcher = qobject_cast<PageFetcher *>(library.object);
+  const auto [fetcher, problem] = loadOnDemand<PageFetcher>(u"OstrakFetch"_s);
   if (!fetcher) {
-    tk_log_level(3, u"Error: the online copy %@ cannot be fetched: %@"_s, address, library.problem);
+    tk_log_level(3, u"Error: the online copy %@ cannot be fetched: %@"_s, address, problem);
     return;
   }
   ++m_fetches;
-  dispatch_async_back([fetcher, address, view = QPointer(this)] {
+  dispatch_async_back([fetcher = fetcher, address, view = QPointer(this)] {
     const QString html = htmlOf(fetcher->fetch(address).value_or(QByteArray()));
     const bool hasText = !html.isEmpty() && !isBlank(html);
     dispatch_async_main([view, html, hasText] {

@@ -57,4 +57,9 @@ bool isNotConnected(int error) {
   return error == internetDisconnected || error == nameNotResolved;
 }
 
+bool isAborted(int error) {
+  constexpr int brokenOff = -3;
+  return error == brokenOff;
+}
+
 }  // namespace ostrak

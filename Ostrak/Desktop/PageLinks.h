@@ -32,5 +32,7 @@ struct PageStep {
 [[nodiscard]] QString zoomScript(double factor);
 // The engine's numbers for a machine without a connection.
 [[nodiscard]] bool isNotConnected(int error);
+// Its number for a load that was broken off, which is no failure of the page.
+[[nodiscard]] bool isAborted(int error);
 
 }  // namespace ostrak

@@ -17,11 +17,6 @@ namespace ostrak {
 
 namespace {
 
-// The page is read in the text view when the engine takes longer than this to show it.
-constexpr std::chrono::milliseconds localPatience{1500};
-// An online copy that takes longer than this is not worth what it takes.
-constexpr std::chrono::seconds remotePatience{60};
-
 // Each reason once: there is a view on every tab.
 void logOnce(const QString &why) {
   static QStringList told;
@@ -34,34 +29,30 @@ bool isDark(const QColor &paper) {
   return paper.lightness() < 128;
 }
 
-struct FoundEngine {
-  WebEngine *engine = nullptr;
-  QString problem;
-};
-
-FoundEngine findEngine() {
-  const OnDemandLibrary library = loadOnDemand(u"OstrakWeb"_s);
-  auto *engine = qobject_cast<WebEngine *>(library.object);
-  if (!engine) {
-    const QString why = u"cannot be loaded: "_s + library.problem;
+// One that can run.
+OnDemand<WebEngine> findEngine() {
+  const OnDemand<WebEngine> loaded = loadOnDemand<WebEngine>(u"OstrakWeb"_s);
+  if (!loaded.library) {
+    const QString why = u"cannot be loaded: "_s + loaded.problem;
     return {nullptr, why};
   }
-  const QString problem = engine->problem();
-  return {problem.isNull() ? engine : nullptr, problem};
+  const QString problem = loaded.library->problem();
+  return {problem.isNull() ? loaded.library : nullptr, problem};
 }
 
 }  // namespace
 
-VKWebView::VKWebView(QWidget *parent) : QFrame(parent), m_layout(new QStackedLayout(this)) {
+VKWebView::VKWebView(QWidget *parent, const WebPatience &patience)
+    : QFrame(parent), m_layout(new QStackedLayout(this)) {
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
   m_localPatience.setSingleShot(true);
-  m_localPatience.setInterval(localPatience);
+  m_localPatience.setInterval(patience.local);
   connect(&m_localPatience, &QTimer::timeout, this, &VKWebView::showText);
   m_remotePatience.setSingleShot(true);
-  m_remotePatience.setInterval(remotePatience);
-  connect(&m_remotePatience, &QTimer::timeout, this, [this] { m_comingRemote.reset(); });
+  m_remotePatience.setInterval(patience.online);
+  connect(&m_remotePatience, &QTimer::timeout, this, &VKWebView::giveUpRemote);
 }
 
 VKWebView::~VKWebView() = default;
@@ -89,29 +80,30 @@ void VKWebView::load() {
   m_remote = URL(m_remoteHTMLURL);
   if (!m_localHTMLName.isEmpty() && m_local.isEmpty())
     tk_log_level(3, u"Error: the document %@ cannot be read"_s, m_localHTMLName);
-  const FoundEngine found = findEngine();
-  m_engine = found.engine;
+  const OnDemand<WebEngine> found = findEngine();
+  m_engine = found.library;
   if (!m_engine) {
     giveUpEngine(found.problem);
     return;
   }
-  loadLocal();
-  QMetaObject::invokeMethod(this, &VKWebView::loadRemote, Qt::QueuedConnection);
+  loadLocal(m_local);
+  QMetaObject::invokeMethod(
+      this, [this] { loadRemote(m_remote); }, Qt::QueuedConnection);
 }
 
-void VKWebView::loadLocal() {
-  if (!m_engine || m_local.isEmpty()) return;
+void VKWebView::loadLocal(const QUrl &address) {
+  if (!m_engine || address.isEmpty()) return;
   const QColor paper = palette().color(QPalette::Base);
   m_comingLocal = m_engine->makePage({tk->resDir(), m_scrolls, paper, isDark(paper)}, *this);
-  m_comingLocal->load(m_local);
+  m_comingLocal->load(address);
   if (!m_shown) m_localPatience.start();
 }
 
-void VKWebView::loadRemote() {
-  if (!m_engine || m_remote.isEmpty()) return;
+void VKWebView::loadRemote(const QUrl &address) {
+  if (!m_engine || address.isEmpty()) return;
   m_comingRemote = m_engine->makePage(
       {{}, m_scrolls, Qt::white, isDark(palette().color(QPalette::Base))}, *this);
-  m_comingRemote->load(m_remote);
+  m_comingRemote->load(address);
   m_remotePatience.start();
 }
 
@@ -123,9 +115,10 @@ StepTarget VKWebView::stepTarget(const WebPage &page, const PageStep &step) {
   if (target != StepTarget::View || &page != m_shown.get()) return target;
   // What is shown stays until the next page is there.
   if (step.isClick) {
-    const auto next =
+    const auto load =
         isSamePage(step.address, m_local) ? &VKWebView::loadLocal : &VKWebView::loadRemote;
-    QMetaObject::invokeMethod(this, next, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, load, next = step.address] { (this->*load)(next); }, Qt::QueuedConnection);
   }
   return StepTarget::Nowhere;
 }
@@ -136,8 +129,8 @@ void VKWebView::pageArrived(WebPage &page, bool isEmpty) {
     m_shownIsLocal = true;
     showPage(std::move(m_comingLocal));
   } else if (&page == m_comingRemote.get()) {
+    if (isEmpty) return giveUpRemote();
     m_remotePatience.stop();
-    if (isEmpty) return m_comingRemote.reset();
     m_localPatience.stop();
     m_comingLocal.reset();
     m_shownIsLocal = false;
@@ -155,30 +148,45 @@ void VKWebView::showPage(std::unique_ptr<WebPage> page) {
 }
 
 void VKWebView::pageFailed(WebPage &page, const QUrl &address, int error) {
+  // It may have gone on to somewhere else; where it has not, the patience ends.
+  if (isAborted(error)) return;
   if (&page == m_comingLocal.get()) {
-    giveUpEngine(u"does not open them"_s);
+    giveUpLocal(u"does not open them"_s);
   } else if (&page == m_comingRemote.get()) {
-    m_remotePatience.stop();
-    m_comingRemote.reset();
+    giveUpRemote();
     const bool isLocalThere = m_comingLocal || (m_shown && m_shownIsLocal);
-    if (isNotConnected(error) && isSamePage(address, m_remote) && !isLocalThere) loadLocal();
+    if (isNotConnected(error) && isSamePage(address, m_remote) && !isLocalThere) loadLocal(m_local);
   }
 }
 
 void VKWebView::pageDied(WebPage &page) {
   if (&page == m_comingRemote.get())
-    m_comingRemote.reset();
+    giveUpRemote();
+  else if (&page == m_comingLocal.get())
+    giveUpLocal(u"has ended"_s);
   else
     giveUpEngine(u"has ended"_s);
+}
+
+void VKWebView::giveUpLocal(const QString &why) {
+  // What is shown stays.
+  if (m_shown)
+    m_comingLocal.reset();
+  else
+    giveUpEngine(why);
+}
+
+void VKWebView::giveUpRemote() {
+  m_remotePatience.stop();
+  m_comingRemote.reset();
 }
 
 void VKWebView::giveUpEngine(const QString &why) {
   logOnce(why);
   m_engine = nullptr;
+  giveUpRemote();
   m_localPatience.stop();
-  m_remotePatience.stop();
   m_comingLocal.reset();
-  m_comingRemote.reset();
   m_shown.reset();
   showText();
   m_text->replaceByOnlineCopy(m_remoteHTMLURL);

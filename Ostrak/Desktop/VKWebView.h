@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <QVariant>
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -14,6 +15,14 @@ class QStackedLayout;
 namespace ostrak {
 
 class PageBrowser;
+
+// How long a web view waits.
+struct WebPatience {
+  // Until the local page is shown in the text view, as long as the engine shows none.
+  std::chrono::milliseconds local = std::chrono::milliseconds(1500);
+  // Until the online copy is given up: one that takes longer is not worth what it takes.
+  std::chrono::milliseconds online = std::chrono::seconds(60);
+};
 
 // A web view that shows a page of the bundle and, when the machine is online, its newer copy from
 // the web. It loads both by itself when it is first about to be drawn, once; the web engine comes
@@ -30,7 +39,7 @@ class VKWebView final : public QFrame, private WebPageOwner {
   Q_PROPERTY(bool disableScrolling READ disableScrolling WRITE setDisableScrolling)
 
  public:
-  explicit VKWebView(QWidget *parent = nullptr);
+  explicit VKWebView(QWidget *parent = nullptr, const WebPatience &patience = {});
   ~VKWebView() override;
 
   [[nodiscard]] QString localHTMLName() const { return m_localHTMLName; }
@@ -55,10 +64,12 @@ class VKWebView final : public QFrame, private WebPageOwner {
   [[nodiscard]] QVariant zoomVariant() const;
   void setZoomVariant(const QVariant &factor);
   void load();
-  void loadLocal();
-  void loadRemote();
+  void loadLocal(const QUrl &address);
+  void loadRemote(const QUrl &address);
   void showPage(std::unique_ptr<WebPage> page);
   void showText();
+  void giveUpLocal(const QString &why);
+  void giveUpRemote();
   void giveUpEngine(const QString &why);
 
   StepTarget stepTarget(const WebPage &page, const PageStep &step) override;

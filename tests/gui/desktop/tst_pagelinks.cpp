@@ -91,6 +91,9 @@ class TestPageLinks final : public QObject {
     QVERIFY(isNotConnected(-105));
     for (const int other : {0, -3, -102, -1009, 404})
       QVERIFY(!isNotConnected(other));
+    QVERIFY(isAborted(-3));
+    for (const int other : {0, 3, -105, -106})
+      QVERIFY(!isAborted(other));
   }
 };
 

@@ -12,7 +12,8 @@ class LivePage final {
  public:
   static constexpr int patience = 20'000;  // milliseconds, for an engine on a busy machine
 
-  explicit LivePage(PageBench &bench) : m_bench(bench) {}
+  explicit LivePage(PageBench &bench, const ostrak::WebPatience &waits = {})
+      : m_bench(bench), m_shown(new ostrak::VKWebView(nullptr, waits)) {}
 
   ostrak::VKWebView *operator->() const { return m_shown.view; }
   // Shows the local page, and above it the online one of this path when there is one.

@@ -1,12 +1,9 @@
-#include <sys/stat.h>
-
 #include <QFontInfo>
 #include <QMenu>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
 
-#include "Dispatch.h"
 #include "LivePage.h"
 #include "PageBrowser.h"
 #include "Renderers.h"
@@ -32,6 +29,7 @@ class TestWebView final : public QObject {
   void refusesRedirectToFile();
   void keepsLocalWhenOnlineFails_data();
   void keepsLocalWhenOnlineFails();
+  void keepsLocalWhenOnlineIsADownload();
   void keepsLocalWithoutConnection_data();
   void keepsLocalWithoutConnection();
   void showsHugeOnlinePage();
@@ -43,7 +41,6 @@ class TestWebView final : public QObject {
   void menuGoesWithTheView();
   void lettersAreThoseOfTheProgram();
   void onlineCopyFollowsAnEngineThatEnded();
-  void shownPageStaysHoweverLongTheNextTakes();
 
  private:
   [[nodiscard]] PageServer &server() const { return m_b->server; }
@@ -90,7 +87,6 @@ void TestWebView::keepsLocalWhenOnlineFails_data() {
   QTest::newRow("no answer") << u"/dropped.html"_s;
   QTest::newRow("nothing in it") << u"/empty.html"_s;
   QTest::newRow("an empty page") << u"/blank.html"_s;
-  QTest::newRow("a download") << u"/archive.zip"_s;
   QTest::newRow("sent on for ever") << u"/round.html"_s;
 }
 
@@ -102,10 +98,22 @@ void TestWebView::keepsLocalWhenOnlineFails() {
   server().drop(u"/dropped.html"_s);
   server().put(u"/empty.html"_s, {});
   server().put(u"/blank.html"_s, "<html><head><title>blank</title></head><body> </body></html>");
-  server().put(u"/archive.zip"_s, "PK", "application/zip");
   server().redirect(u"/round.html"_s, u"/round.html"_s);
   QVERIFY(page.show(path));
   QTRY_VERIFY_WITH_TIMEOUT(server().asked.contains(path), LivePage::patience);
+  QTRY_VERIFY_WITH_TIMEOUT(!page->isLoadingOnlineCopy(), LivePage::patience);
+  QVERIFY(page.hasTitle(u"local"_s));
+  QVERIFY(!page->textView());
+}
+
+// The engine calls it broken off, and nothing more comes.
+void TestWebView::keepsLocalWhenOnlineIsADownload() {
+  WebPatience patience;
+  patience.online = std::chrono::seconds(2);
+  LivePage page(*m_b, patience);
+  server().put(u"/archive.zip"_s, "PK", "application/zip");
+  QVERIFY(page.show(u"/archive.zip"_s));
+  QTRY_VERIFY_WITH_TIMEOUT(server().asked.contains(u"/archive.zip"_s), LivePage::patience);
   QTRY_VERIFY_WITH_TIMEOUT(!page->isLoadingOnlineCopy(), LivePage::patience);
   QVERIFY(page.hasTitle(u"local"_s));
   QVERIFY(!page->textView());
@@ -260,28 +268,6 @@ void TestWebView::onlineCopyFollowsAnEngineThatEnded() {
   QCOMPARE(page->textView()->toPlainText(), u"Local page"_s);
   server().release();
   QTRY_COMPARE_WITH_TIMEOUT(page->textView()->toPlainText(), u"Online page"_s, LivePage::patience);
-}
-
-void TestWebView::shownPageStaysHoweverLongTheNextTakes() {
-  m_b->putPage(u"page.html"_s,
-               "<title>local</title><body style='margin:0'><a href='page.html'"
-               " style='display:block;width:300px;height:200px'>again</a>");
-  LivePage page(*m_b);
-  QVERIFY(page.show());
-  QVERIFY(page.hasTitle(u"local"_s));
-  // From now on nothing comes from there.
-  const QString path = m_b->program.library().resDir() + u"/page.html"_s;
-  QVERIFY(QFile::remove(path));
-  QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
-  QVERIFY(page.clickLink());
-  bool later = false;
-  dispatch_after_main([&] { later = true; }, 2.5F);
-  QTRY_VERIFY_WITH_TIMEOUT(later, LivePage::patience);
-  const bool isText = page->textView();
-  QFile end(path);
-  QVERIFY(end.open(QIODevice::ReadWrite));
-  QVERIFY(!isText);
-  QCOMPARE(page.ask(u"document.title"_s), u"local"_s);
 }
 
 int main(int argc, char **argv) {

@@ -48,9 +48,9 @@ class PageBench final {
 
 // Puts a view into a window of its own and draws it.
 template <typename View>
-class ShownView final {
+class ShownView {
  public:
-  ShownView() : view(new View) {
+  explicit ShownView(View *made = new View) : view(made) {
     auto *layout = new QVBoxLayout(&window);
     layout->addWidget(view);
     window.resize(420, 320);
