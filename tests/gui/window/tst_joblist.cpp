@@ -177,6 +177,7 @@ void TestJobList::failedInColourAndInWords() {
 void TestJobList::toolTips() {
   QVERIFY(m_b->queueUp({u"fail.mkv"_s, u"2.mkv"_s}));
   QTRY_COMPARE(m_b->count(JobStateFinished), 1);
+  QTRY_COMPARE(m_b->count(JobStateFailed), 1);
   const auto tipAt = [this](const QPoint &place) {
     QHelpEvent help(QEvent::ToolTip, place, list().view().viewport()->mapToGlobal(place));
     QCoreApplication::sendEvent(list().view().viewport(), &help);
