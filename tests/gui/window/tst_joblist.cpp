@@ -158,7 +158,7 @@ void TestJobList::mirrored() {
 
 void TestJobList::failedInColourAndInWords() {
   QVERIFY(m_b->queueUp({u"fail.mkv"_s, u"2.mkv"_s}));
-  QTRY_COMPARE(m_b->count(JobStateFinished), 1);
+  QTRY_COMPARE(m_b->count(JobStateFailed), 1);
   QVERIFY(
       list().index(0).data(JobListModel::StatusRole).toString().startsWith(u"Status: Failed"_s));
   list().view().clearSelection();
