@@ -86,8 +86,9 @@ void cleanUp() {
 
 // Other threads may be at work: the process ends without taking anything down under them.
 [[noreturn]] void endProcess() {
-  if (tk) tk->userDefaults().synchronize();
+  // The settings last: writing them has no limit of time, and may be where the fault is.
   cleanUp();
+  if (tk) tk->userDefaults().synchronize();
   std::_Exit(EXIT_FAILURE);
 }
 

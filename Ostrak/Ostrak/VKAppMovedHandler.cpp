@@ -71,8 +71,23 @@ void VKAppMovedHandler::look() {
     place = bundlePath();
     m_anchor.set(nativePath(place.isNull() ? m_home : place));
   } while (place != bundlePath());
-  if (isAtHome()) m_keptAt = m_home;
-  if (isAtHome() || (!place.isNull() && place == m_keptAt)) return;
+  if (isAtHome()) {
+    m_keptAt = m_home;
+    m_program.release();
+  } else if (place.isNull() || place != m_keptAt) {
+    tell();
+  }
+}
+
+void VKAppMovedHandler::tellAgain() {
+  if (m_telling) return;
+  if (isAtHome())
+    m_program.release();
+  else
+    tell();
+}
+
+void VKAppMovedHandler::tell() {
   m_telling = true;
   m_program.hold();
   postAlert(
@@ -110,6 +125,7 @@ void VKAppMovedHandler::restart() {
 void VKAppMovedHandler::stay() {
   m_telling = false;
   m_keptAt = bundlePath();
+  if (isAtHome()) m_program.release();
   if (m_keptAt.isNull())
     m_notifier->setEnabled(false);
   else

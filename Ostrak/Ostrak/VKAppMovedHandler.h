@@ -25,6 +25,8 @@ struct MovedProgram {
   ProgramLauncher &launcher;
   // Nothing new may be started from the place that the program has left.
   std::function<void()> hold;
+  // It is back there. May come without a `hold` before it.
+  std::function<void()> release;
   // Whether the program may end; asks the user where something is at stake.
   std::function<bool()> mayQuit;
   // Ends it without a question.
@@ -35,7 +37,8 @@ struct MovedProgram {
 // tells the user, starts the program from its new place and ends this one. What happens inside the
 // bundle is not looked at, nor is a move that was undone before three seconds were over.
 //
-// Where the user keeps this one, because something runs, no other is started; what runs goes on. A
+// Where the user keeps this one, because something runs, no other is started; what runs goes on,
+// and nothing new is until the bundle is back or the user is told again. A
 // bundle whose place the kernel cannot tell, deleted or moved to another volume, cannot be started
 // again: that is told. Main thread.
 class VKAppMovedHandler final : public QObject {
@@ -50,11 +53,16 @@ class VKAppMovedHandler final : public QObject {
   [[nodiscard]] static std::unique_ptr<VKAppMovedHandler> startMoveObservation(
       MovedProgram program, std::unique_ptr<Countdown> countdown);
 
+  // For a user who has kept a moved program and now wants what is held: tells once more, or
+  // releases it where the bundle is back.
+  void tellAgain();
+
  private:
   VKAppMovedHandler(MovedProgram program, std::unique_ptr<Countdown> countdown);
 
   void MoveCallbackFunction();
   void look();
+  void tell();
   void restart();
   void stay();
   [[nodiscard]] bool isAtHome() const;

@@ -1,5 +1,6 @@
 #include "Admission.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,13 +18,22 @@ using ostrak::localized;
 
 namespace {
 
+QByteArray folderOf(const QByteArray &name) {
+  return name.left(name.lastIndexOf('/') + 1);
+}
+
+// Nothing is tried there: on a full disk nothing could be written before the old file has gone.
+bool mayChangeFolderOf(const QString &path) {
+  const QByteArray folder = folderOf(ostrak::nativePath(path));
+  return ::faccessat(AT_FDCWD, folder.constData(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
 // In a folder like the one for temporary files each user removes only what is their own.
 bool isAnothersInStickyFolder(const QString &path) {
   const QByteArray name = ostrak::nativePath(path);
   struct stat file {};
   struct stat folder {};
-  if (::lstat(name.constData(), &file) != 0 ||
-      ::stat(name.left(name.lastIndexOf('/') + 1).constData(), &folder) != 0)
+  if (::lstat(name.constData(), &file) != 0 || ::stat(folderOf(name).constData(), &folder) != 0)
     return false;
   const uid_t user = ::geteuid();
   return (folder.st_mode & S_ISVTX) != 0 && user != 0 && user != file.st_uid &&
@@ -33,7 +43,7 @@ bool isAnothersInStickyFolder(const QString &path) {
 // Whether what is at `path` can make way for another file when its time comes; it is not touched.
 bool canBeReplaced(const QString &path) {
   return !ostrak::fileIsDirectory(ostrak::fileURL(path)) && !ostrak::fileIsRestricted(path) &&
-         !isAnothersInStickyFolder(path) && ostrak::isWriteablePath(ostrak::uniqueFile(path));
+         !isAnothersInStickyFolder(path) && mayChangeFolderOf(path);
 }
 
 }  // namespace
@@ -52,11 +62,7 @@ Admission admissionOf(ConversionJob &job, const ClaimedNames &claimed, ClaimedNa
     files = ClaimedNames::look(destination, source, subtitle);
   }
   // Where a file can be made there was none, so it was nobody's source by another name.
-  if (ostrak::isWriteablePath(destination)) {
-    // Nor has the user agreed to replace what comes there later.
-    job.setReplacesDestination(false);
-    return Admission::added;
-  }
+  if (ostrak::isWriteablePath(destination)) return Admission::added;
   if (ostrak::isSameFile(source, destination) || ostrak::isSameFile(subtitle, destination) ||
       claimed.isSource(destination))
     return Admission::destinationIsSource;

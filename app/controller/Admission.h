@@ -11,8 +11,8 @@ class ConversionJob;
 enum class Admission { added, notWritable, destinationIsSource };
 
 // Looks at both files of the job; `files` are those that it will claim. A job whose destination
-// another one has claimed gets a free name, and with that loses the agreement to replace a file; so
-// does one at whose destination there is none. What is to be replaced stays until the job starts.
+// another one has claimed gets a free name, and with that loses the agreement to replace a file.
+// What is to be replaced stays until the job starts.
 [[nodiscard]] Admission admissionOf(ConversionJob &job, const ClaimedNames &claimed,
                                     ClaimedNames::Files &files);
 

@@ -115,7 +115,7 @@ void AppDelegate::applicationWillTerminate() {
 
 // On a worker: a share that has gone would never let go of who deletes there.
 void AppDelegate::deleteUnfinished() {
-  QList<const OwnFile *> files;
+  QList<const OwnFile *> files = ConversionJob::abandonStopping();
   for (ConversionJob *job : m_queue.taskArray()) {
     if (const OwnFile *file = job->abandon()) files.append(file);
   }
@@ -130,7 +130,10 @@ void AppDelegate::deleteUnfinished() {
 void AppDelegate::pauseContinueClicked(bool sender) {
   if (m_queue.paused()) {
     m_queue.setPaused(false);
-    if (sender) m_queue.startNextJobInQueue();
+    if (!sender) return;
+    m_queue.startNextJobInQueue();
+    // Held, and nothing that had been started before was there to go on.
+    if (m_queue.paused() && mayStartQueued()) pauseContinueClicked(true);
   } else if (sender) {
     m_queue.pauseConverting();
     m_queue.setPaused(true);
@@ -172,6 +175,11 @@ int AppDelegate::jobCountWithState(JobState state) const {
 
 void AppDelegate::startNextJobInQueue() {
   m_queue.startNextJobInQueue();
+}
+
+bool AppDelegate::mayStartQueued() {
+  if (m_queue.held()) Q_EMIT heldQueueWanted();
+  return !m_queue.held();
 }
 
 void AppDelegate::increaseUsages(bool countOne, bool allowFeedbackNow) {

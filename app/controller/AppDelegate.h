@@ -82,6 +82,7 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
   void removeJob(ConversionJob &job) override;
   [[nodiscard]] int jobCountWithState(JobState state) const override;
   void startNextJobInQueue() override;
+  [[nodiscard]] bool mayStartQueued() override;
   void increaseUsages(bool countOne, bool allowFeedbackNow) override;
   // Quits once intake and disposal are idle, unless something fails or runs by then.
   void terminate() override;
@@ -95,6 +96,8 @@ class AppDelegate final : public ostrak::VKApplicationDelegate, public JobContro
  Q_SIGNALS:
   void windowTitleChanged(const QString &title);
   void pauseTextsChanged();
+  // The user wants the queue to go on while it is held: whoever holds it says why, or releases it.
+  void heldQueueWanted();
   // A new record is shown: the destination menu is to be filled again and goes back to its default.
   void rebuildDestinationPopUp();
   // The hint about the faster style is due; speedHintShown() when it has been dismissed.

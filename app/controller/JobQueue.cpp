@@ -177,6 +177,10 @@ void JobQueue::hold() {
   setPaused(true);
 }
 
+void JobQueue::release() {
+  m_held = false;
+}
+
 void JobQueue::pauseConverting() {
   for (ConversionJob *job : jobsInState(JobStateConverting))
     job->pause();

@@ -35,6 +35,8 @@ class JobQueue final : public QObject {
   [[nodiscard]] bool paused() const { return m_paused; }
   // Whether a job that arrives now may be started at once.
   [[nodiscard]] bool mayStartNew() const { return mayStart() && !m_held; }
+  // Between `hold` and `release`.
+  [[nodiscard]] bool held() const { return m_held; }
 
   // Puts a job at the top, or at the bottom.
   void insert(std::unique_ptr<ConversionJob> job, bool atBottom);
@@ -56,9 +58,11 @@ class JobQueue final : public QObject {
   void startNextQueuedJob();
   // Lifts or sets the paused mark, without touching jobs.
   void setPaused(bool paused);
-  // Pauses the queue for good: no queued job is started any more. Whoever lifts the mark resumes
-  // what had been started before; when that has ended, the mark is back.
+  // Pauses the queue and starts no queued job any more. Whoever lifts the mark resumes what had
+  // been started before; when that has ended, the mark is back.
   void hold();
+  // Ends that; the mark stays until somebody lifts it.
+  void release();
   // Pauses every converting job.
   void pauseConverting();
   // Removes these jobs, and starts the next one after the last of them: none of them is started

@@ -78,6 +78,14 @@ void ConversionJob::presetSpeedInfo() {
   setFastmode(m_ad.conversionSettings());
 }
 
+void ConversionJob::setReplacesDestination(bool agreed) {
+  m_replaced = agreed ? lookAtFile(destination()) : std::nullopt;
+}
+
+bool ConversionJob::replacesDestination() const {
+  return m_replaced && lookAtFile(destination()) == m_replaced;
+}
+
 StartOutcome ConversionJob::start() {
   if (m_state != JobStateQueued || m_removed) return StartOutcome::notQueued;
   // Handed to the run at the launch, let go on every other way out.
@@ -86,7 +94,7 @@ StartOutcome ConversionJob::start() {
   const ConversionSettings settings = m_ad.conversionSettings();
   setFastmode(settings);
   PreparedRun prepared = prepareRun(
-      {m_fileInfo, m_audioTrackIndex, m_replacesDestination, settings}, m_ad, m_services);
+      {m_fileInfo, m_audioTrackIndex, replacesDestination(), settings}, m_ad, m_services);
   m_startOutcome = prepared.outcome;
   if (m_startOutcome != StartOutcome::launched) return refuse(m_startOutcome, prepared.obstacle);
 
@@ -132,6 +140,7 @@ void ConversionJob::pause() {
 void ConversionJob::continue_() {
   if (m_removed) return;
   if (m_state == JobStateQueued) {
+    if (!m_ad.mayStartQueued()) return;
     const StartOutcome outcome = start();
     m_ad.pauseContinueClicked(false);
     if (outcome != StartOutcome::launched && m_ad.jobCountWithState(JobStateConverting) == 0)
@@ -158,6 +167,10 @@ void ConversionJob::remove() {
 
 void ConversionJob::finishStopping() {
   StoppingRun::finishAll();
+}
+
+QList<const OwnFile *> ConversionJob::abandonStopping() {
+  return StoppingRun::abandonAll();
 }
 
 const OwnFile *ConversionJob::abandon() {

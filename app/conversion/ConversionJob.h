@@ -6,11 +6,13 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "Alerts.h"
 #include "ChildProcess.h"
 #include "ConversionSettings.h"
 #include "Diagnosis.h"
+#include "FileLook.h"
 #include "JobState.h"
 #include "MKVFileInfo.h"
 #include "StatusText.h"
@@ -94,9 +96,11 @@ class ConversionJob final : public QObject {
   [[nodiscard]] double etaSeconds() const;
   // The folder whose access was started for this job; the job ends it when it goes.
   void setSecurityURL(const QUrl &folder) { m_fileInfo.securityURL = folder; }
-  // Whether the user has agreed to replace what is at the destination, which the start does.
-  [[nodiscard]] bool replacesDestination() const { return m_replacesDestination; }
-  void setReplacesDestination(bool agreed) { m_replacesDestination = agreed; }
+  // Whether the user has agreed to replace the file that is at the destination now, which the start
+  // does. The agreement is about that very file as it is: where there is none it is about nothing,
+  // and a file that comes to its place later, or is written to, is not replaced.
+  void setReplacesDestination(bool agreed);
+  [[nodiscard]] bool replacesDestination() const;
 
   // Decides `fastmode` for the chosen track; without audio it stays as it is.
   void presetSpeedInfo();
@@ -118,6 +122,8 @@ class ConversionJob final : public QObject {
   // returns what removal would delete, which lives as long as the job; null for nothing. The job is
   // of no use any more.
   [[nodiscard]] const OwnFile *abandon();
+  // The same for all removed jobs whose children have not ended yet.
+  [[nodiscard]] static QList<const OwnFile *> abandonStopping();
   // Shows the output in the file manager (the source with Shift held), or explains a failure.
   void reveal();
   void revealSource();
@@ -156,7 +162,7 @@ class ConversionJob final : public QObject {
   bool m_finishedOK = false;
   bool m_finishedError = false;
   bool m_fastmode = false;
-  bool m_replacesDestination = false;
+  std::optional<FileLook> m_replaced;  // what the user has agreed to replace
   bool m_removed = false;
   StartOutcome m_startOutcome = StartOutcome::launched;
   double m_elapsedSeconds = 0;  // of the ended run

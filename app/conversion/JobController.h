@@ -20,6 +20,9 @@ class JobController {
   virtual void removeJob(ConversionJob &job) = 0;
   [[nodiscard]] virtual int jobCountWithState(JobState state) const = 0;
   virtual void startNextJobInQueue() = 0;
+  // Whether a queued job may be started because the user wants it, in a paused queue, too. False
+  // when none can be at all; then this has been told.
+  [[nodiscard]] virtual bool mayStartQueued() = 0;
   virtual void increaseUsages(bool countOne, bool allowFeedbackNow) = 0;
   virtual void terminate() = 0;
 

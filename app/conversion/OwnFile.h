@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QString>
-#include <chrono>
 #include <optional>
 
 #include "Descriptor.h"
-#include "File.h"
+#include "FileLook.h"
 
 namespace decant {
 
@@ -35,15 +34,8 @@ class OwnFile final {
   void remove() const;
 
  private:
-  struct Look {
-    ostrak::FileIdentity identity;
-    qint64 size = 0;
-    std::chrono::nanoseconds modified{0};
-  };
-  [[nodiscard]] static std::optional<Look> lookAt(const QString &path);
-
   QString m_path;
-  std::optional<Look> m_look;  // as it was when made or sealed
+  std::optional<FileLook> m_look;  // as it was when made or sealed
   bool m_sealed = false;
   // The number of a file that is open is given to no other one.
   ostrak::Descriptor m_held;

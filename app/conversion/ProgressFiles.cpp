@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <array>
 
 #include "File.h"
@@ -57,7 +58,11 @@ OwnFile claimProgressFile(const QString &fileName, const QString &folder, const 
 }
 
 QString progressFolder(const QString &folder, const QString &spare) {
-  return ::access(ostrak::nativePath(folder).constData(), W_OK | X_OK) == 0 ? folder : spare;
+  // A folder that is missing is made when it is wanted.
+  QString existing = folder;
+  while (!QFileInfo::exists(existing) && !QFileInfo(existing).isRoot())
+    existing = QFileInfo(existing).absolutePath();
+  return ::access(ostrak::nativePath(existing).constData(), W_OK | X_OK) == 0 ? folder : spare;
 }
 
 void sweepProgressFiles(const QString &folder) {

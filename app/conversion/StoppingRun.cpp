@@ -32,12 +32,23 @@ void StoppingRun::finish(std::unique_ptr<JobRun> run) {
   StoppingRun(std::move(run), nullptr).wait();
 }
 
-void StoppingRun::finishAll() {
+QList<StoppingRun *> StoppingRun::all() {
   const QObject *application = QCoreApplication::instance();
-  if (!application) return;
-  const auto all = application->findChildren<StoppingRun *>(Qt::FindDirectChildrenOnly);
-  for (StoppingRun *stopping : all)
+  if (!application) return {};
+  return application->findChildren<StoppingRun *>(Qt::FindDirectChildrenOnly);
+}
+
+void StoppingRun::finishAll() {
+  for (StoppingRun *stopping : all())
     stopping->wait();
+}
+
+QList<const OwnFile *> StoppingRun::abandonAll() {
+  QList<const OwnFile *> files;
+  for (StoppingRun *stopping : all()) {
+    if (stopping->m_run->abandon()) files.append(&stopping->m_run->output());
+  }
+  return files;
 }
 
 void StoppingRun::wait() {

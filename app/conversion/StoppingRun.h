@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <memory>
 
@@ -22,8 +23,12 @@ class StoppingRun final : public QObject {
   static void finish(std::unique_ptr<JobRun> run);
   // Waits until every run that was begun has ended and its files are gone. Needs no event loop.
   static void finishAll();
+  // For the end of a program that is broken: ends the children of all that were begun at once, and
+  // returns the files that are to be deleted, which live as long as the application object.
+  [[nodiscard]] static QList<const OwnFile *> abandonAll();
 
  private:
+  [[nodiscard]] static QList<StoppingRun *> all();
   StoppingRun(std::unique_ptr<JobRun> run, QObject *parent);
   void wait();
   void deleteFiles();

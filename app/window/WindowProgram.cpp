@@ -252,7 +252,10 @@ void WindowProgram::watchForMove() {
   };
   m_appMovedHandler = ostrak::VKAppMovedHandler::startMoveObservation(
       {ostrak::tk->setup().bundlePath + u"/decant"_s, m_desktop.singleInstance, m_desktop.programs,
-       [this] { m_app.queue().hold(); }, mayRestart, [this] { quitAtOnce(); }});
+       [this] { m_app.queue().hold(); }, [this] { m_app.queue().release(); }, mayRestart,
+       [this] { quitAtOnce(); }});
+  connect(&m_app, &AppDelegate::heldQueueWanted, m_appMovedHandler.get(),
+          &ostrak::VKAppMovedHandler::tellAgain);
 }
 
 }  // namespace decant

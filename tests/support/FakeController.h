@@ -33,6 +33,7 @@ class FakeController final : public decant::JobController {
     note("startNextJobInQueue");
     if (onStartNext) onStartNext();
   }
+  bool mayStartQueued() override { return true; }
   void increaseUsages(bool countOne, bool allowFeedbackNow) override {
     note(countOne && allowFeedbackNow ? "increaseUsages 1 1" : "increaseUsages");
   }

@@ -99,6 +99,10 @@ void TestWindowMoved::keptOneStartsNothingNew() {
   QTRY_COMPARE(running.state(), JobStateFailed);
   // Its next one would be tried in the same turn.
   QCOMPARE(m_b->count(JobStateQueued), 2);
+  // Whoever wants it to go on is asked again, and nothing runs any more.
+  QVERIFY(m_b->trigger(u"pauseContinueToolbarItem"_s));
+  QTRY_COMPARE(m_b->quits, 1);
+  QCOMPARE(m_b->programs.launched, m_places);
 }
 
 void TestWindowMoved::endsByASignalWhileItAsks() {

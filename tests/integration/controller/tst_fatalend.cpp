@@ -42,6 +42,7 @@ int playRole(const QByteArray &role, int &argc, char **argv) {
   };
   if (!QTest::qWaitFor(hangs, 30'000)) return 2;
   if (role == "paused") program.controller->pauseContinueClicked(true);
+  if (role == "removed") program.queue().taskArray().at(2)->remove();
   if (role != "worker") ostrak::alert_feedback_fatal(u"It broke"_s, u"details"_s);
   std::thread([] { ostrak::alert_feedback_fatal(u"It broke"_s, u"details"_s); }).detach();
   return QCoreApplication::exec();
@@ -62,6 +63,7 @@ void TestFatalEnd::unfinishedOutputsGo_data() {
   QTest::newRow("while it runs") << u"running"_s;
   QTest::newRow("while it is paused") << u"paused"_s;
   QTest::newRow("from a worker") << u"worker"_s;
+  QTest::newRow("while a removed one is stopped") << u"removed"_s;
 }
 
 void TestFatalEnd::unfinishedOutputsGo() {

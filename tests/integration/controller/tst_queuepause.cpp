@@ -32,6 +32,8 @@ class TestQueuePause final : public QObject {
   void heldQueueStartsNothingAfterAResume();
   void heldQueueResumesWhatWasStarted();
   void heldQueueStartsNoNewJob();
+  void heldQueueTellsWhoWantsIt();
+  void releasedQueueGoesOn();
 
  private:
   void pauseClick() { m_p->controller->pauseContinueClicked(true); }
@@ -171,6 +173,35 @@ void TestQueuePause::heldQueueStartsNoNewJob() {
   QVERIFY(!m_p->queue().paused());
   const ConversionJob *second = m_p->add(u"2.mkv"_s);
   QCOMPARE(second->state(), JobStateQueued);
+}
+
+void TestQueuePause::heldQueueTellsWhoWantsIt() {
+  m_p->add(u"1slow.mkv"_s);
+  ConversionJob *second = m_p->add(u"2.mkv"_s);
+  const QSignalSpy wanted(m_p->controller.get(), &AppDelegate::heldQueueWanted);
+  m_p->queue().hold();
+  QCOMPARE(wanted.size(), 0);
+  second->continue_();
+  QCOMPARE(second->state(), JobStateQueued);
+  QCOMPARE(wanted.size(), 1);
+  m_p->letGo();
+  QTRY_COMPARE(m_p->count(JobStateFinished), 1);
+  QCOMPARE(wanted.size(), 1);
+  pauseClick();
+  QCOMPARE(wanted.size(), 2);
+  QVERIFY(m_p->queue().paused());
+  QCOMPARE(second->state(), JobStateQueued);
+}
+
+void TestQueuePause::releasedQueueGoesOn() {
+  pauseClick();
+  const ConversionJob *job = m_p->add(u"1.mkv"_s);
+  m_p->queue().hold();
+  connect(m_p->controller.get(), &AppDelegate::heldQueueWanted, m_p->controller.get(),
+          [this] { m_p->queue().release(); });
+  pauseClick();
+  QVERIFY(!m_p->queue().paused());
+  QTRY_COMPARE(job->state(), JobStateFinished);
 }
 
 QTEST_GUILESS_MAIN(TestQueuePause)

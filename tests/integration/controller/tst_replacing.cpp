@@ -1,3 +1,4 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,8 +9,10 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
+#include <csignal>
 
 #include "ControllerProgram.h"
+#include "File.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -26,6 +29,8 @@ class TestReplacing final : public QObject {
   void aJobTakenOffHasReplacedNothing();
   void anObstacleAtTheStartReplacesNothing_data();
   void anObstacleAtTheStartReplacesNothing();
+  void whatCameInItsPlaceIsNotReplaced();
+  void aFullDiskIsNoObstacle();
   void whatComesLaterIsNotReplaced();
   void whatCannotMakeWayIsRefused_data();
   void whatCannotMakeWayIsRefused();
@@ -109,6 +114,36 @@ void TestReplacing::anObstacleAtTheStartReplacesNothing() {
   m_p->controller->pauseContinueClicked(true);
   QCOMPARE(m_p->count(state), 1);
   QTRY_COMPARE(m_p->program.presenter().presented.size(), 1);
+  QCOMPARE(found(), "old");
+}
+
+// The agreement was about the file that was there.
+void TestReplacing::whatCameInItsPlaceIsNotReplaced() {
+  queueReplacing();
+  QCOMPARE(m_p->count(JobStateQueued), 1);
+  QVERIFY(QFile::remove(target()));
+  write(target(), "another program's");
+  m_p->controller->pauseContinueClicked(true);
+  QTRY_COMPARE(m_p->count(JobStateFinished), 1);
+  QCOMPARE(found(), "another program's");
+  QVERIFY(QFile::exists(m_p->path(u"old/out-0.m4v"_s)));
+}
+
+// A full disk is a reason to replace: nothing may have to be written before.
+void TestReplacing::aFullDiskIsNoObstacle() {
+  m_p->intake().openFiles({m_p->movie(u"a.mkv"_s)});
+  QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
+  struct rlimit before {};
+  QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const struct rlimit nothing { 0, before.rlim_max };
+  const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+  QCOMPARE(::setrlimit(RLIMIT_FSIZE, &nothing), 0);
+  const bool canWrite = ostrak::isWriteablePath(m_p->path(u"old/probe"_s));
+  const std::optional<Admission> admission = m_p->controller->addToQueue();
+  QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+  (void)::signal(SIGXFSZ, handler);
+  QVERIFY(!canWrite);
+  QCOMPARE(admission, Admission::added);
   QCOMPARE(found(), "old");
 }
 

@@ -29,6 +29,8 @@ class TestAppMoved final : public QObject {
   void toAnotherVolume();
   void newInstanceDoesNotStart();
   void userKeepsIt();
+  void userWantsWhatIsHeld();
+  void backWhileItIsTold();
   void userKeepsWhatIsNowhere();
   void movedOnceMoreWhileItIsTold();
   void handlerEndsWhileItIsTold();
@@ -66,7 +68,7 @@ class TestAppMoved final : public QObject {
     auto countdown = std::make_unique<ManualCountdown>();
     m_countdown = countdown.get();
     m_handler = VKAppMovedHandler::startMoveObservation(
-        {executable, m_instance, m_launcher, [this] { ++m_holds; },
+        {executable, m_instance, m_launcher, [this] { ++m_holds; }, [this] { m_holds = 0; },
          [this] {
            note(u"ask"_s);
            return m_mayQuit;
@@ -252,6 +254,7 @@ void TestAppMoved::userKeepsIt() {
   QCoreApplication::processEvents();
   QCOMPARE(presented().size(), 1);
   QCOMPARE(m_notes, asked);
+  QCOMPARE(m_holds, 0);
   // And somewhere else.
   presented().clear();
   m_mayQuit = true;
@@ -259,6 +262,35 @@ void TestAppMoved::userKeepsIt() {
   verifyTold();
   QTRY_COMPARE(m_notes.last(), u"quit"_s);
   QCOMPARE(m_notes.at(2), u"launch "_s + path(u"top/other/bundle/decant"_s));
+}
+
+void TestAppMoved::userWantsWhatIsHeld() {
+  m_mayQuit = false;
+  move(u"top/mid/bundle"_s, u"elsewhere/bundle"_s);
+  verifyTold();
+  QTRY_COMPARE(m_notes.size(), 1);
+  m_handler->tellAgain();
+  QTRY_COMPARE(m_notes, (QStringList{u"ask, one instance"_s, u"ask, one instance"_s}));
+  QCOMPARE(presented().size(), 2);
+  QCOMPARE(presented().last().message, presented().first().message);
+  QVERIFY(m_holds > 0);
+  move(u"elsewhere/bundle"_s, u"top/mid/bundle"_s);
+  m_handler->tellAgain();
+  QCOMPARE(m_holds, 0);
+  QCOMPARE(m_notes.size(), 2);
+}
+
+// The user moves it back, and only then answers.
+void TestAppMoved::backWhileItIsTold() {
+  m_mayQuit = false;
+  m_program->presenter().setWhileShown(
+      [this](Alert &) { move(u"elsewhere/bundle"_s, u"top/mid/bundle"_s); });
+  move(u"top/mid/bundle"_s, u"elsewhere/bundle"_s);
+  QTRY_VERIFY(m_countdown->isRunning());
+  m_countdown->elapse();
+  QTRY_COMPARE(m_notes.size(), 1);
+  QCOMPARE(presented().size(), 1);
+  QCOMPARE(m_holds, 0);
 }
 
 void TestAppMoved::userKeepsWhatIsNowhere() {
