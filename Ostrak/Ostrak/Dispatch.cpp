@@ -137,7 +137,9 @@ class DelayedBlocks final {
       const auto next = m_waiting.begin();
       const Moment now = std::chrono::steady_clock::now();
       if (next->first > now) {
-        m_changed.wait_until(lock, std::min(next->first, now + longestWait));
+        // A copy, which outlives an entry that is dropped meanwhile.
+        const Moment until = std::min(next->first, now + longestWait);
+        m_changed.wait_until(lock, until);
       } else {
         dispatch_async_back(std::move(m_waiting.extract(next).mapped()));
       }
