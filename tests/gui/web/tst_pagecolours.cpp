@@ -2,11 +2,10 @@
 #include <QTextBlock>
 #include <QTextTable>
 
-#include "PageBench.h"
 #include "PageBrowser.h"
+#include "PageTest.h"
 #include "VKRTFView.h"
 #include "VKWebView.h"
-#include "WebTestMain.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -42,26 +41,10 @@ QColor headerColor(const QTextDocument &document) {
 }  // namespace
 
 // A page that is shown while the desktop goes from light to dark goes with it.
-class TestPageColours final : public QObject {
+class TestPageColours final : public PageTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<PageBench>();
-    m_b->putLibrary(u"OstrakFetch"_s);
-    m_b->putPage(u"page.html"_s,
-                 "<p>Local <a href='https://decant.example/'>link</a></p>"
-                 "<table><tr><th>header</th></tr></table>" +
-                     QByteArray("<p>line</p>").repeated(1000));
-    m_b->putPage(u"text.rtf"_s,
-                 "{\\rtf1\\ansi Local {\\field{\\*\\fldinst HYPERLINK "
-                 "\"https://decant.example/\"}{\\fldrslt link}}\\par" +
-                     QByteArray("line\\par ").repeated(1000) + "}");
-    m_b->server.put(u"/new.html"_s, "<p>Online <a href='https://decant.example/'>link</a></p>");
-  }
-  void cleanup() { m_b.reset(); }
-
   void page() {
     ShownView<VKWebView> view;
     view->setLocalHTMLName(u"page.html"_s);
@@ -106,13 +89,23 @@ class TestPageColours final : public QObject {
   }
 
  private:
+  void furnish() override {
+    m_b->putLibrary(u"OstrakFetch"_s);
+    m_b->putPage(u"page.html"_s,
+                 "<p>Local <a href='https://decant.example/'>link</a></p>"
+                 "<table><tr><th>header</th></tr></table>" +
+                     QByteArray("<p>line</p>").repeated(1000));
+    m_b->putPage(u"text.rtf"_s,
+                 "{\\rtf1\\ansi Local {\\field{\\*\\fldinst HYPERLINK "
+                 "\"https://decant.example/\"}{\\fldrslt link}}\\par" +
+                     QByteArray("line\\par ").repeated(1000) + "}");
+    m_b->server.put(u"/new.html"_s, "<p>Online <a href='https://decant.example/'>link</a></p>");
+  }
   // The end of a long page is laid out later than its beginning.
   [[nodiscard]] static bool isLaidOut(const QTextEdit &page) {
     return QTest::qWaitFor([&] { return page.verticalScrollBar()->maximum() > farBelow; },
                            patience);
   }
-
-  std::unique_ptr<PageBench> m_b;
 };
 
 int main(int argc, char **argv) {

@@ -1,9 +1,8 @@
 #include <QTextBlock>
 #include <QTextList>
 
-#include "PageBench.h"
+#include "PageTest.h"
 #include "VKRTFView.h"
-#include "WebTestMain.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -18,23 +17,10 @@ using View = ShownView<VKRTFView>;
 }  // namespace
 
 // The view of rich text: the document of the bundle, and its copy on a server of the test.
-class TestRTFView final : public QObject {
+class TestRTFView final : public PageTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<PageBench>();
-    m_b->putLibrary(u"OstrakFetch"_s);
-    m_b->putPage(
-        u"text.rtf"_s,
-        "{\\rtf1\\ansi Local \\b bold\\b0\\par"
-        "{\\field{\\*\\fldinst HYPERLINK \"https://decant.example/\"}{\\fldrslt link}}\\par"
-        "\\pard{\\listtext 1.}\\ls1 one\\par}");
-    m_b->server.put(u"/new.html"_s, "<p>Online <i>copy</i></p>");
-  }
-  void cleanup() { m_b.reset(); }
-
   void showsTheDocument() {
     View view;
     view->setLocalRTFName(u"text.rtf"_s);
@@ -176,7 +162,15 @@ class TestRTFView final : public QObject {
   }
 
  private:
-  std::unique_ptr<PageBench> m_b;
+  void furnish() override {
+    m_b->putLibrary(u"OstrakFetch"_s);
+    m_b->putPage(
+        u"text.rtf"_s,
+        "{\\rtf1\\ansi Local \\b bold\\b0\\par"
+        "{\\field{\\*\\fldinst HYPERLINK \"https://decant.example/\"}{\\fldrslt link}}\\par"
+        "\\pard{\\listtext 1.}\\ls1 one\\par}");
+    m_b->server.put(u"/new.html"_s, "<p>Online <i>copy</i></p>");
+  }
 };
 
 int main(int argc, char **argv) {

@@ -1,26 +1,17 @@
 #include <QPalette>
 
-#include "EngineBench.h"
+#include "EngineTest.h"
 #include "PageBrowser.h"
-#include "WebTestMain.h"
+#include "ScrollRows.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
-using View = EngineBench::View;
 
 // What the web view tells its engine about each page, and what it makes of an engine that is none.
-class TestWebViewEngine final : public QObject {
+class TestWebViewEngine final : public EngineTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<EngineBench>();
-  }
-  void cleanup() {
-    QCOMPARE(m_b->engine.pages(), 0);
-    m_b.reset();
-  }
   void engineThatCannotRunIsNotAsked();
   void libraryOfAnotherKindIsTold();
   void localSeesItsFolderAndOnlineNone();
@@ -41,14 +32,10 @@ class TestWebViewEngine final : public QObject {
   void linkToAPlaceInTheOtherPageLeadsThere();
 
  private:
-  [[nodiscard]] QUrl local() const { return EngineBench::local(); }
-  [[nodiscard]] QUrl online() const { return EngineBench::online(); }
   [[nodiscard]] QStringList scriptsOf(const QUrl &address) const {
     const SteeredPage *page = m_b->engine.page(address);
     return page ? page->scripts() : QStringList{u"no page"_s};
   }
-
-  std::unique_ptr<EngineBench> m_b;
 };
 
 void TestWebViewEngine::engineThatCannotRunIsNotAsked() {
@@ -61,7 +48,7 @@ void TestWebViewEngine::engineThatCannotRunIsNotAsked() {
     QTRY_VERIFY((*view)->textView());
     QCOMPARE((*view)->textView()->toPlainText(), u"Local page"_s);
   }
-  QCOMPARE(m_b->engine.asked(), QList<QUrl>());
+  QCOMPARE(asked(), QList<QUrl>());
   QCOMPARE(m_b->pages.told(),
            QStringList{u"Warning: pages are shown in a text view because the web engine misses "
                        "its papers"_s});
@@ -112,15 +99,7 @@ void TestWebViewEngine::darkPaletteReachesTheEngine() {
 }
 
 void TestWebViewEngine::scrollsAsItWasTold_data() {
-  QTest::addColumn<QVariant>("factor");
-  QTest::addColumn<bool>("disabled");
-  QTest::addColumn<bool>("scrolls");
-  QTest::newRow("usually") << QVariant() << false << true;
-  QTest::newRow("disabled") << QVariant() << true << false;
-  QTest::newRow("zoomed") << QVariant(0.9) << false << false;
-  QTest::newRow("zoomed and disabled") << QVariant(0.9) << true << false;
-  QTest::newRow("hardly zoomed") << QVariant(1.00005) << false << true;
-  QTest::newRow("hardly zoomed and disabled") << QVariant(1.00005) << true << false;
+  addScrollRows();
 }
 
 void TestWebViewEngine::scrollsAsItWasTold() {
@@ -197,7 +176,7 @@ void TestWebViewEngine::loadsOncePerView() {
   // When the second view has asked, another question of the first would have been heard.
   View second;
   QVERIFY(m_b->show(second, 4));
-  QCOMPARE(m_b->engine.asked(), (QList{local(), online(), local(), online()}));
+  QCOMPARE(asked(), (QList{local(), online(), local(), online()}));
 }
 
 void TestWebViewEngine::linksLeaveTheView_data() {
@@ -225,7 +204,7 @@ void TestWebViewEngine::linksLeaveTheView() {
   QCOMPARE(target, opens ? StepTarget::Browser : StepTarget::Nowhere);
   QCOMPARE(m_b->pages.program.opener().opened, opens ? QList{QUrl(link)} : QList<QUrl>());
   QVERIFY(m_b->shows(view, local()));
-  QCOMPARE(m_b->engine.asked(), (QList{local(), online()}));
+  QCOMPARE(asked(), (QList{local(), online()}));
 }
 
 void TestWebViewEngine::pageOnItsWayIsFollowedNowhere() {
@@ -243,12 +222,12 @@ void TestWebViewEngine::linkToTheOtherPageBringsIt() {
   QVERIFY(m_b->arrives(local()));
   QVERIFY(m_b->arrives(online()));
   QCOMPARE(m_b->engine.page(online())->take({local(), true, true}), StepTarget::Nowhere);
-  QTRY_COMPARE(m_b->engine.asked(), (QList{local(), online(), local()}));
+  QTRY_COMPARE(asked(), (QList{local(), online(), local()}));
   QVERIFY(m_b->shows(view, online()));
   QVERIFY(m_b->arrives(local()));
   QVERIFY(m_b->shows(view, local()));
   QCOMPARE(m_b->engine.page(local())->take({online(), true, true}), StepTarget::Nowhere);
-  QTRY_COMPARE(m_b->engine.asked().size(), 4);
+  QTRY_COMPARE(asked().size(), 4);
   QVERIFY(m_b->arrives(online()));
   QVERIFY(m_b->shows(view, online()));
   QCOMPARE(m_b->pages.program.opener().opened, QList<QUrl>());
@@ -262,14 +241,13 @@ void TestWebViewEngine::linkToAPlaceInTheOtherPageLeadsThere() {
   QUrl place = online();
   place.setFragment(u"below"_s);
   QCOMPARE(m_b->engine.page(local())->take({place, true, true}), StepTarget::Nowhere);
-  QTRY_COMPARE(m_b->engine.asked(), (QList{local(), online(), place}));
+  QTRY_COMPARE(asked(), (QList{local(), online(), place}));
   QVERIFY(m_b->arrives(place));
   QVERIFY(m_b->shows(view, place));
   place = local();
   place.setFragment(u"below"_s);
-  QCOMPARE(m_b->engine.page(m_b->engine.asked().constLast())->take({place, true, true}),
-           StepTarget::Nowhere);
-  QTRY_COMPARE(m_b->engine.asked().constLast(), place);
+  QCOMPARE(m_b->engine.page(asked().constLast())->take({place, true, true}), StepTarget::Nowhere);
+  QTRY_COMPARE(asked().constLast(), place);
 }
 
 int main(int argc, char **argv) {

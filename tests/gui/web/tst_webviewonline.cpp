@@ -1,10 +1,8 @@
-#include "EngineBench.h"
+#include "EngineTest.h"
 #include "PageBrowser.h"
-#include "WebTestMain.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
-using View = EngineBench::View;
 
 namespace {
 
@@ -16,18 +14,10 @@ constexpr int offline = -106;
 }  // namespace
 
 // Which of its two pages the web view asks its engine for, when, and which one it shows.
-class TestWebViewOnline final : public QObject {
+class TestWebViewOnline final : public EngineTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<EngineBench>();
-  }
-  void cleanup() {
-    QCOMPARE(m_b->engine.pages(), 0);  // none outlives its view
-    m_b.reset();
-  }
   void engineThatEndsIsToldOnce();
   void localThatFailsIsTold();
   void asksForLocalThenOnline();
@@ -48,9 +38,6 @@ class TestWebViewOnline final : public QObject {
   void redirectsAreForTheOnlineCopyOnItsWay();
 
  private:
-  [[nodiscard]] QUrl local() const { return EngineBench::local(); }
-  [[nodiscard]] QUrl online() const { return EngineBench::online(); }
-  [[nodiscard]] QList<QUrl> asked() const { return m_b->engine.asked(); }
   // The view with the online page in it.
   [[nodiscard]] bool showOnline(View &view) const {
     return m_b->show(view) && m_b->arrives(local()) && m_b->arrives(online()) &&
@@ -68,8 +55,6 @@ class TestWebViewOnline final : public QObject {
   [[nodiscard]] QStringList warnings() const {
     return m_b->pages.told().filter(u"Warning: pages are shown in a text view"_s);
   }
-
-  std::unique_ptr<EngineBench> m_b;
 };
 
 // First, as the next one, because each reason is told once in a process.

@@ -1,12 +1,10 @@
 #include <QTimer>
 
-#include "EngineBench.h"
+#include "EngineTest.h"
 #include "PageBrowser.h"
-#include "WebTestMain.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
-using View = EngineBench::View;
 
 namespace {
 
@@ -25,19 +23,10 @@ bool waitBeyond(std::chrono::milliseconds patience) {
 }  // namespace
 
 // How long the web view waits for its two pages, and what it does then.
-class TestWebViewPatience final : public QObject {
+class TestWebViewPatience final : public EngineTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<EngineBench>();
-  }
-  void cleanup() {
-    QCOMPARE(m_b->engine.pages(), 0);
-    m_b.reset();
-  }
-
   void isShortForLocalAndLongForOnline() {
     QCOMPARE(WebPatience().local, std::chrono::milliseconds(1500));
     QCOMPARE(WebPatience().online, std::chrono::milliseconds(60'000));
@@ -51,7 +40,7 @@ class TestWebViewPatience final : public QObject {
     QCOMPARE(view->textView()->toPlainText(), u"Local page"_s);
     // The engine may still answer.
     QVERIFY(view->isLoadingOnlineCopy());
-    QVERIFY(m_b->engine.page(EngineBench::local()));
+    QVERIFY(m_b->engine.page(local()));
     QCOMPARE(m_b->pages.told(), QStringList());
   }
 
@@ -62,7 +51,7 @@ class TestWebViewPatience final : public QObject {
   }
   void lateAnswerReplacesTheText() {
     QFETCH(bool, isOnline);
-    const QUrl address = isOnline ? EngineBench::online() : EngineBench::local();
+    const QUrl address = isOnline ? online() : local();
     View view({none, endless});
     QVERIFY(m_b->show(view));
     QTRY_VERIFY(view->textView());
@@ -74,7 +63,7 @@ class TestWebViewPatience final : public QObject {
   void answerInTimeEndsIt_data() { lateAnswerReplacesTheText_data(); }
   void answerInTimeEndsIt() {
     QFETCH(bool, isOnline);
-    const QUrl address = isOnline ? EngineBench::online() : EngineBench::local();
+    const QUrl address = isOnline ? online() : local();
     m_b->engine.whenAsked([address](SteeredPage &page) {
       if (page.address() == address) page.arrive();
     });
@@ -88,11 +77,11 @@ class TestWebViewPatience final : public QObject {
   void onlineThatDoesNotComeIsGivenUp() {
     View view({endless, none});
     QVERIFY(m_b->show(view));
-    QVERIFY(m_b->arrives(EngineBench::local()));
+    QVERIFY(m_b->arrives(local()));
     QTRY_VERIFY(!view->isLoadingOnlineCopy());
-    QVERIFY(!m_b->engine.page(EngineBench::online()));
-    QVERIFY(m_b->shows(view, EngineBench::local()));
-    QCOMPARE(m_b->engine.asked(), (QList{EngineBench::local(), EngineBench::online()}));
+    QVERIFY(!m_b->engine.page(online()));
+    QVERIFY(m_b->shows(view, local()));
+    QCOMPARE(asked(), (QList{local(), online()}));
     QCOMPARE(m_b->pages.told(), QStringList());
   }
 
@@ -101,14 +90,14 @@ class TestWebViewPatience final : public QObject {
     QVERIFY(m_b->show(view));
     QTRY_VERIFY(!view->isLoadingOnlineCopy());
     QVERIFY(!view->textView());
-    QVERIFY(m_b->arrives(EngineBench::local()));
-    QVERIFY(m_b->shows(view, EngineBench::local()));
+    QVERIFY(m_b->arrives(local()));
+    QVERIFY(m_b->shows(view, local()));
   }
 
   void abortedLocalIsReadAsText() {
     View view({none, endless});
     m_b->engine.whenAsked([](SteeredPage &page) {
-      if (page.address() == EngineBench::local()) page.fail(-3, page.address());
+      if (page.address() == local()) page.fail(-3, page.address());
     });
     QVERIFY(m_b->show(view));
     QTRY_VERIFY(view->textView());
@@ -121,7 +110,7 @@ class TestWebViewPatience final : public QObject {
     QVERIFY(m_b->show(view));
     QTRY_VERIFY(view->textView());
     const PageBrowser *text = view->textView();
-    QVERIFY(m_b->dies(EngineBench::local()));
+    QVERIFY(m_b->dies(local()));
     QCOMPARE(view->textView(), text);
     QCOMPARE(text->toPlainText(), u"Local page"_s);
     QCOMPARE(m_b->engine.pages(), 0);
@@ -130,22 +119,19 @@ class TestWebViewPatience final : public QObject {
   // The page that is back already is not put away again for the patience with the first one.
   void whatIsShownNeedsNone() {
     m_b->engine.whenAsked([&](SteeredPage &page) {
-      if (page.address() == EngineBench::online()) page.arrive();
+      if (page.address() == online()) page.arrive();
     });
     View view({none, endless});
     QVERIFY(m_b->show(view));
-    QTRY_VERIFY(m_b->shows(view, EngineBench::online()));
+    QTRY_VERIFY(m_b->shows(view, online()));
     PageStep click;
-    click.address = EngineBench::local();
+    click.address = local();
     click.isClick = true;
-    QCOMPARE(m_b->engine.page(EngineBench::online())->take(click), StepTarget::Nowhere);
-    QTRY_COMPARE(m_b->engine.asked().size(), 3);
+    QCOMPARE(m_b->engine.page(online())->take(click), StepTarget::Nowhere);
+    QTRY_COMPARE(asked().size(), 3);
     QVERIFY(waitBeyond(none));
-    QVERIFY(m_b->shows(view, EngineBench::online()));
+    QVERIFY(m_b->shows(view, online()));
   }
-
- private:
-  std::unique_ptr<EngineBench> m_b;
 };
 
 int main(int argc, char **argv) {

@@ -4,22 +4,16 @@
 
 #include "EnvironmentWatch.h"
 #include "LivePage.h"
-#include "WebTestMain.h"
+#include "PageTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // What a page in the web view may reach: its links, and what it may not see or leave behind.
-class TestWebFence final : public QObject {
+class TestWebFence final : public PageTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnEngineWarning();
-    m_b = std::make_unique<PageBench>();
-    m_b->putLibrary(u"OstrakWeb"_s);
-  }
-  void cleanup() { m_b.reset(); }
   void linkGoesToTheBrowser_data();
   void linkGoesToTheBrowser();
   void linkLeadsNowhere_data();
@@ -34,13 +28,12 @@ class TestWebFence final : public QObject {
   void leavesTheEnvironmentAlone();
 
  private:
+  void furnish() override { m_b->putLibrary(u"OstrakWeb"_s); }
   static QByteArray pageWithLink(const QString &link, const QByteArray &more = {}) {
     return "<title>links</title><body style='margin:0'><a href='" + link.toUtf8() + "' " + more +
            " style='display:block;width:300px;height:200px'>link</a>";
   }
   [[nodiscard]] QList<QUrl> &opened() { return m_b->program.opener().opened; }
-
-  std::unique_ptr<PageBench> m_b;
 };
 
 void TestWebFence::linkGoesToTheBrowser_data() {

@@ -5,7 +5,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <memory>
 
 #include "BuildTree.h"
 #include "PageServer.h"
