@@ -6,6 +6,9 @@
 #include <QFile>
 #include <csignal>
 
+#include "ProcessState.h"
+#include "WholeFile.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,13 +40,12 @@ void stop(QProcess &process) {
 
 PrivateBus::PrivateBus() {
   QDir(m_folder.path()).mkdir(u"services"_s);
-  QFile file(m_folder.filePath(u"bus.conf"_s));
-  if (!file.open(QIODevice::WriteOnly)) return;
-  file.write(QString::fromLatin1(configuration).arg(m_folder.path()).toUtf8());
-  file.close();
+  const QString file = m_folder.filePath(u"bus.conf"_s);
+  if (!wholefile::write(file, QString::fromLatin1(configuration).arg(m_folder.path()).toUtf8()))
+    return;
   m_address = QString::fromUtf8(
       firstLine(m_daemon, u"dbus-daemon"_s,
-                {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + file.fileName()}));
+                {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + file}));
 }
 
 PrivateBus::~PrivateBus() {
@@ -55,11 +57,9 @@ void PrivateBus::end() {
 }
 
 bool PrivateBus::makeActivatable(const QString &name, const QStringList &command) const {
-  QFile file(m_folder.filePath(u"services/%1.service"_s.arg(name)));
-  if (!file.open(QIODevice::WriteOnly)) return false;
   const QString text =
       u"[D-BUS Service]\nName=%1\nExec=\"%2\"\n"_s.arg(name, command.join(u"\" \""_s));
-  return file.write(text.toUtf8()) == text.toUtf8().size();
+  return wholefile::write(m_folder.filePath(u"services/%1.service"_s.arg(name)), text.toUtf8());
 }
 
 MockService::MockService(const PrivateBus &bus, const QString &script,
@@ -94,10 +94,7 @@ QStringList MockService::logOf(const QString &path) {
 }
 
 bool MockService::isFrozen() const {
-  QFile file(u"/proc/%1/stat"_s.arg(m_process.processId()));
-  if (!file.open(QIODevice::ReadOnly)) return false;
-  const QByteArray line = file.readAll();
-  return line.mid(line.lastIndexOf(')') + 2, 1) == "T";
+  return processState(m_process.processId()) == 'T';
 }
 
 void MockService::thaw() const {

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include "BuildTree.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -192,9 +193,7 @@ QString make(const Sample &sample) {
 }
 
 QString write(const QString &name, const QByteArray &bytes) {
-  const QString path = newFolder() + u'/' + name;
-  QFile file(path);
-  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
+  return wholefile::made(newFolder() + u'/' + name, bytes);
 }
 
 QByteArray srt(const QString &text) {

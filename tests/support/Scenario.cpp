@@ -5,6 +5,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include "WholeFile.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,11 +24,6 @@ QByteArray escaped(const QByteArray &bytes) {
   return text;
 }
 
-bool writeFile(const QString &path, const QByteArray &bytes) {
-  QFile file(path);
-  return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size();
-}
-
 }  // namespace
 
 Scenario &Scenario::section(const char *role, const QString &inputEnd) {
@@ -42,7 +39,7 @@ Scenario &Scenario::step(const char *verb, const QByteArray &value) {
 
 Scenario &Scenario::reportText(const QByteArray &text) {
   const QString name = u"report-%1.txt"_s.arg(m_reports++);
-  writeFile(beside(name), text);
+  if (!wholefile::write(beside(name), text)) qFatal("a report of the test cannot be written");
   return report(name);
 }
 
@@ -53,11 +50,11 @@ Scenario &Scenario::progressAt(double seconds) {
 }
 
 bool Scenario::write() const {
-  return writeFile(m_path, m_text);
+  return wholefile::write(m_path, m_text);
 }
 
 bool Scenario::release(const QString &name) const {
-  return writeFile(beside(name), {});
+  return wholefile::write(beside(name));
 }
 
 bool Scenario::announced(const QString &name) const {

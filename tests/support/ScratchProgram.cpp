@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include "WholeFile.h"
+
 using namespace Qt::StringLiterals;
 
 ScratchProgram::ScratchProgram(const QString &tool)
@@ -54,9 +56,8 @@ void ScratchProgram::setInfo(const QString &key, const QJsonValue &value) {
 }
 
 void ScratchProgram::writeInfo() const {
-  QFile file(path(u"bundle/resources/Info.json"_s));
-  if (!file.open(QIODevice::WriteOnly)) qFatal("the scratch program's Info.json cannot be written");
-  file.write(QJsonDocument(m_info).toJson());
+  if (!wholefile::write(path(u"bundle/resources/Info.json"_s), QJsonDocument(m_info).toJson()))
+    qFatal("the scratch program's Info.json cannot be written");
 }
 
 QList<ScratchProgram::Logged> ScratchProgram::loggedWithLevel() const {

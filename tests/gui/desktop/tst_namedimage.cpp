@@ -1,10 +1,10 @@
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 
 #include "NamedImage.h"
 #include "OffscreenMain.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -71,9 +71,7 @@ class TestNamedImage final : public QObject {
 
  private:
   void put(const QString &name, const QByteArray &content) {
-    QFile file(m_program.library().resDir() + u'/' + name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
+    QVERIFY(wholefile::write(m_program.library().resDir() + u'/' + name, content));
   }
   void putPicture(const QString &name, int width) {
     QImage picture(width, 2, QImage::Format_ARGB32);

@@ -9,6 +9,7 @@
 #include "PageTest.h"
 #include "Renderers.h"
 #include "ScrollRows.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -232,9 +233,10 @@ void TestWebView::lettersAreThoseOfTheProgram() {
   QFont large = before;
   large.setPixelSize(QFontInfo(before).pixelSize() + 9);
   QApplication::setFont(large);
-  QFile sheet(buildtree::source(u"app/resources/documents/page.css"_s));
-  QVERIFY(sheet.open(QIODevice::ReadOnly));
-  m_b->putPage(u"page.css"_s, sheet.readAll());
+  const QByteArray sheet =
+      wholefile::read(buildtree::source(u"app/resources/documents/page.css"_s));
+  QVERIFY(!sheet.isEmpty());
+  m_b->putPage(u"page.css"_s, sheet);
   m_b->putPage(u"page.html"_s,
                "<title>local</title><link rel='stylesheet' href='page.css'><p>text<pre>text");
   LivePage page(*m_b);

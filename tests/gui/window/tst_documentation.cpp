@@ -14,6 +14,7 @@
 #include "PageBrowser.h"
 #include "VKRTFView.h"
 #include "VKWebView.h"
+#include "WholeFile.h"
 #include "WindowBench.h"
 #include "WindowTestMain.h"
 
@@ -38,8 +39,7 @@ class FolderTranslator final : public QTranslator {
 };
 
 QString contents(const QString &path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  return QString::fromUtf8(wholefile::read(path));
 }
 
 }  // namespace

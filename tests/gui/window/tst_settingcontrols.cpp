@@ -1,8 +1,6 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
-#include <QFile>
-#include <QIODevice>
 #include <QList>
 #include <QListWidget>
 #include <QObject>
@@ -15,6 +13,7 @@
 #include "Defaults.h"
 #include "Ostrak.h"
 #include "Settings.h"
+#include "WholeFile.h"
 #include "WindowBench.h"
 #include "WindowTestMain.h"
 
@@ -232,9 +231,7 @@ void TestSettingControls::closingThePreferencesFlushes() {
   QVERIFY(box);
   box->click();
   m_b->find<QDialog>(u"preferencesWindow"_s)->close();
-  QFile stored(file);
-  QVERIFY(stored.open(QIODevice::ReadOnly));
-  QVERIFY(stored.readAll().contains("AutoClean=1"));
+  QVERIFY(wholefile::read(file).contains("AutoClean=1"));
 }
 
 int main(int argc, char **argv) {

@@ -1,6 +1,4 @@
 #include <QAction>
-#include <QFile>
-#include <QIODevice>
 #include <QImage>
 #include <QJsonValue>
 #include <QList>
@@ -14,6 +12,7 @@
 #include "Defaults.h"
 #include "Ostrak.h"
 #include "ThemeIcon.h"
+#include "WholeFile.h"
 #include "WindowBench.h"
 #include "WindowTestMain.h"
 
@@ -268,10 +267,7 @@ void TestWindowDesktop::speedHintIsShownOnce() {
 
 void TestWindowDesktop::brokenSettingsAreTold() {
   const QString path = m_b->path(u"config/org.decant.Decant.conf"_s);
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QVERIFY(file.write("[General\nno settings \x01 at all") > 0);
-  file.close();
+  QVERIFY(wholefile::write(path, "[General\nno settings \x01 at all"));
   m_b->program.restart();
   QVERIFY(m_b->open());
   QTRY_COMPARE(m_b->presented().size(), 1);

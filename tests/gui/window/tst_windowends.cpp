@@ -1,12 +1,11 @@
 #include <QCoreApplication>
-#include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QTest>
 #include <QTimer>
 
 #include "../desktop/AlertPlayer.h"
 #include "Defaults.h"
+#include "WholeFile.h"
 #include "WindowBench.h"
 #include "WindowTestMain.h"
 
@@ -38,8 +37,7 @@ class TestWindowEnds final : public QObject {
  private:
   // What the settings file on the disk says.
   [[nodiscard]] QByteArray stored() const {
-    QFile file(m_b->path(u"config/org.decant.Decant.conf"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return wholefile::read(m_b->path(u"config/org.decant.Decant.conf"_s));
   }
 
   std::unique_ptr<WindowBench> m_b;

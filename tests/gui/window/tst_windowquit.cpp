@@ -1,6 +1,5 @@
 #include <QCoreApplication>
 #include <QFile>
-#include <QIODevice>
 #include <QMetaObject>
 #include <QObject>
 #include <QStringList>
@@ -9,6 +8,7 @@
 
 #include "Alerts.h"
 #include "Defaults.h"
+#include "WholeFile.h"
 #include "WindowBench.h"
 #include "WindowTestMain.h"
 
@@ -145,9 +145,7 @@ void TestWindowQuit::quitEndsEveryJob() {
 void TestWindowQuit::settingsAreFlushed() {
   ostrak::setDefaultInt(u"AACBitrate"_s, 3);
   QVERIFY(m_b->desktop().quit());
-  QFile file(m_b->path(u"config/org.decant.Decant.conf"_s));
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  QVERIFY(file.readAll().contains("AACBitrate=3"));
+  QVERIFY(wholefile::read(m_b->path(u"config/org.decant.Decant.conf"_s)).contains("AACBitrate=3"));
 }
 
 void TestWindowQuit::signalDoesNotAsk() {

@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 
 #include "BuildTree.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -130,9 +131,7 @@ void DecantProgram::setTool(const QString &path) const {
 QString DecantProgram::file(const QString &relative, const QByteArray &bytes) const {
   const QString made = path(relative);
   QDir().mkpath(QFileInfo(made).path());
-  QFile written(made);
-  if (!written.open(QIODevice::WriteOnly) || written.write(bytes) != bytes.size())
-    qFatal("cannot write %s", qUtf8Printable(made));
+  if (!wholefile::write(made, bytes)) qFatal("cannot write %s", qUtf8Printable(made));
   return made;
 }
 
@@ -151,8 +150,7 @@ QStringList DecantProgram::files() const {
 }
 
 QByteArray DecantProgram::settings() const {
-  QFile file(settingsFile());
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  return wholefile::read(settingsFile());
 }
 
 std::unique_ptr<QProcess> DecantProgram::launch(const QString &executable,
@@ -186,10 +184,7 @@ DecantOutcome DecantProgram::run(const QStringList &arguments) const {
 DecantOutcome DecantProgram::shell(const QByteArray &script) const {
   // In a file: a process's arguments would have to be UTF-8.
   const QString scriptFile = m_folder.filePath(u"script"_s);
-  QFile file(scriptFile);
-  if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write a script");
-  file.write(script);
-  file.close();
+  if (!wholefile::write(scriptFile, script)) qFatal("cannot write a script");
   return end(*launch(u"/bin/bash"_s, {scriptFile}));
 }
 

@@ -1,5 +1,4 @@
 #include <QFile>
-#include <QIODevice>
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -12,6 +11,7 @@
 #include "TextSink.h"
 #include "TrashCan.h"
 #include "Volumes.h"
+#include "WholeFile.h"
 
 using namespace decant;
 using namespace Qt::StringLiterals;
@@ -38,10 +38,8 @@ class TestCliServices final : public QObject {
     m_output.text.clear();
     m_error.text.clear();
     m_volumes = FakeVolumes();
-    for (const auto name : {"a.mkv"_L1, "b.mkv"_L1}) {
-      QFile file(m_scratch->path(name));
-      QVERIFY(file.open(QIODevice::WriteOnly) && file.write("a movie") > 0);
-    }
+    for (const auto name : {"a.mkv"_L1, "b.mkv"_L1})
+      QVERIFY(wholefile::write(m_scratch->path(name), "a movie"));
   }
   void machineStaysAwakeWhileConverting();
   void sourcesGoToTheTrash();

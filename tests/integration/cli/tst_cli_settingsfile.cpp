@@ -1,7 +1,5 @@
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QList>
 #include <QObject>
 #include <QSettings>
@@ -9,6 +7,7 @@
 #include <QTest>
 
 #include "DecantProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,11 +54,7 @@ void TestCliSettingsFile::readingNeverWrites() {
 void TestCliSettingsFile::brokenFileIsKeptAsideOnce() {
   const DecantProgram program;
   const QByteArray broken("[General\nAACBitrate=3\n\x01\x02 no settings");
-  {
-    QFile file(program.settingsFile());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(broken);
-  }
+  QVERIFY(wholefile::write(program.settingsFile(), broken));
   const DecantOutcome read = program.run({u"settings"_s, u"get"_s, u"AACBitrate"_s});
   QCOMPARE(read.output, QByteArray("1\n"));
   QCOMPARE(read.error.count(program.settingsFile().toUtf8()), 1);
@@ -68,9 +63,7 @@ void TestCliSettingsFile::brokenFileIsKeptAsideOnce() {
   QCOMPARE(outcome.status, 0);
   const QString aside = program.settingsFile() + u".broken-1"_s;
   QCOMPARE(outcome.error.count(aside.toUtf8()), 1);
-  QFile kept(aside);
-  QVERIFY(kept.open(QIODevice::ReadOnly));
-  QCOMPARE(kept.readAll(), broken);
+  QCOMPARE(wholefile::read(aside), broken);
   QCOMPARE(program.run({u"settings"_s, u"set"_s, u"AutoAdd"_s, u"0"_s}).error, QByteArray());
 }
 
@@ -138,11 +131,8 @@ void TestCliSettingsFile::storedValueThatTheRunOverridesIsNotTold() {
 
 void TestCliSettingsFile::storedValueThatIsNoTextIsShown() {
   const DecantProgram program;
-  {
-    QFile file(program.settingsFile());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.write("[General]\nAACBitrate=@Invalid()\nAutoAdd=1, 0\nAutoClean=\n") > 0);
-  }
+  QVERIFY(wholefile::write(program.settingsFile(),
+                           "[General]\nAACBitrate=@Invalid()\nAutoAdd=1, 0\nAutoClean=\n"));
   const DecantOutcome outcome = program.run({u"settings"_s, u"get"_s, u"AACBitrate"_s});
   QCOMPARE(outcome.output, QByteArray("1\n"));
   for (const char *part :
@@ -205,11 +195,7 @@ void TestCliSettingsFile::fileThatCannotBeReadIsToldAndLeft() {
   QFETCH(const QByteArray, arguments);
   const DecantProgram program;
   program.file(u"a.mkv"_s);
-  {
-    QFile file(program.settingsFile());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
+  QVERIFY(wholefile::write(program.settingsFile(), bytes));
   const DecantOutcome outcome = program.shellAsNobody(
       "mkdir \"$HOME/films\" && cp a.mkv \"$HOME/films\" && cd \"$HOME/films\" && " + closed +
       "; $decant " + arguments + "; status=$?; chmod -R u+rwX \"$XDG_CONFIG_HOME\"; exit $status");

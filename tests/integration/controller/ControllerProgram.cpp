@@ -1,10 +1,10 @@
 #include "ControllerProgram.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include "Ostrak.h"
 #include "SortedFiles.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -62,9 +62,7 @@ JobServices ControllerProgram::jobServices() {
 }
 
 QString ControllerProgram::movie(const QString &name) const {
-  QFile file(path(name));
-  if (!file.open(QIODevice::WriteOnly) || file.write("a movie") < 0) return {};
-  return file.fileName();
+  return wholefile::made(path(name), "a movie");
 }
 
 MKVFileInfo ControllerProgram::record(const QString &source, const QString &destination) const {

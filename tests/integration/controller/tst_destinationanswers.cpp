@@ -1,5 +1,4 @@
 #include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QTest>
 #include <QUrl>
@@ -8,6 +7,7 @@
 #include "Defaults.h"
 #include "Exceptions.h"
 #include "Probe.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -116,13 +116,10 @@ void TestDestinationAnswers::anAgreementHoldsForItsNameOnly() {
   (void)m_p->controller->addToQueue();
   m_answer(Destination{QUrl::fromLocalFile(agreed), {}, true});
   QCOMPARE(m_p->queue().taskArray().at(0)->fileInfo().destinationURL.toLocalFile(), other);
-  QFile foreign(other);
-  QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("another's") > 0);
-  foreign.close();
+  QVERIFY(wholefile::write(other, "another's"));
   m_p->controller->pauseContinueClicked(true);
   QTRY_COMPARE(m_p->count(JobStateFinished), 2);
-  QVERIFY(foreign.open(QIODevice::ReadOnly));
-  QCOMPARE(foreign.readAll(), "another's");
+  QCOMPARE(wholefile::read(other), "another's");
 }
 
 void TestDestinationAnswers::aDestinationThatIsGoneHoldsNothingUp() {
@@ -189,16 +186,14 @@ void TestDestinationAnswers::anAgreementIsForAJobOnly_data() {
 void TestDestinationAnswers::anAgreementIsForAJobOnly() {
   QFETCH(bool, skipped);
   const QString there = m_p->path(u"out.m4v"_s);
-  QFile old(there);
-  QVERIFY(old.open(QIODevice::WriteOnly) && old.write("the user's own") == 14);
-  old.close();
+  QVERIFY(wholefile::write(there, "the user's own"));
   show(u"fail.mkv"_s);
   (void)m_p->controller->addToQueue();
   if (skipped) skip();
   m_answer(Destination{QUrl::fromLocalFile(there), {}, true});
   QTRY_COMPARE(m_p->count(JobStateFailed), skipped ? 0 : 1);
-  QVERIFY(old.open(QIODevice::ReadOnly));
-  QCOMPARE(old.readAll() == "the user's own", skipped);
+  QVERIFY(QFile::exists(there));
+  QCOMPARE(wholefile::read(there) == "the user's own", skipped);
 }
 
 void TestDestinationAnswers::nothingIsAddedAfterTheEnd() {

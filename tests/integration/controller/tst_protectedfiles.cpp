@@ -2,13 +2,13 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 
 #include "ControllerProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -39,13 +39,12 @@ class TestProtectedFiles final : public QObject {
   }
   // Queues a movie with the subtitle file of its name, whose path it returns.
   QString addWithSubtitles() {
-    QFile subtitles(m_p->path(u"1.srt"_s));
-    if (!subtitles.open(QIODevice::WriteOnly) || subtitles.write("1\n") < 0) return {};
-    m_p->intake().openFiles({m_p->movie(u"1.mkv"_s), subtitles.fileName()});
+    const QString subtitles = wholefile::made(m_p->path(u"1.srt"_s), "1\n");
+    m_p->intake().openFiles({m_p->movie(u"1.mkv"_s), subtitles});
     const bool shown =
         QTest::qWaitFor([this] { return m_p->intake().state() == Intake::State::Showing; });
     const bool added = shown && m_p->controller->addToQueue() == AppDelegate::Admission::added;
-    return added ? subtitles.fileName() : QString();
+    return added ? subtitles : QString();
   }
   [[nodiscard]] QStringList told() const {
     QStringList messages;

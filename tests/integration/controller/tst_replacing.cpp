@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QTest>
@@ -13,6 +12,7 @@
 
 #include "ControllerProgram.h"
 #include "File.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -39,9 +39,8 @@ class TestReplacing final : public QObject {
  private:
   // Queues a movie for "old/out.m4v", which is there, as after the question about replacing it.
   void queueReplacing(const QString &movie = u"a.mkv"_s);
-  void write(const QString &path, const QByteArray &bytes) const;
   [[nodiscard]] QString target() const { return m_p->path(u"old/out.m4v"_s); }
-  [[nodiscard]] QByteArray found() const;
+  [[nodiscard]] QByteArray found() const { return wholefile::read(target()); }
 
   std::unique_ptr<ControllerProgram> m_p;
 };
@@ -57,24 +56,13 @@ void TestReplacing::init() {
   m_p->restart(services);
   m_p->controller->pauseContinueClicked(true);
   QVERIFY(QDir().mkpath(m_p->path(u"old"_s)));
-  write(target(), "old");
+  QVERIFY(wholefile::write(target(), "old"));
 }
 
 void TestReplacing::queueReplacing(const QString &movie) {
   m_p->intake().openFiles({m_p->movie(movie)});
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
   (void)m_p->controller->addToQueue();
-}
-
-void TestReplacing::write(const QString &path, const QByteArray &bytes) const {
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray TestReplacing::found() const {
-  QFile file(target());
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void TestReplacing::theStartReplaces() {
@@ -122,7 +110,7 @@ void TestReplacing::whatCameInItsPlaceIsNotReplaced() {
   queueReplacing();
   QCOMPARE(m_p->count(JobStateQueued), 1);
   QVERIFY(QFile::remove(target()));
-  write(target(), "another program's");
+  QVERIFY(wholefile::write(target(), "another program's"));
   m_p->controller->pauseContinueClicked(true);
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QCOMPARE(found(), "another program's");
@@ -151,7 +139,7 @@ void TestReplacing::aFullDiskIsNoObstacle() {
 void TestReplacing::whatComesLaterIsNotReplaced() {
   QVERIFY(QFile::remove(target()));
   queueReplacing();
-  write(target(), "another program's");
+  QVERIFY(wholefile::write(target(), "another program's"));
   m_p->controller->pauseContinueClicked(true);
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QCOMPARE(found(), "another program's");

@@ -2,10 +2,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QTest>
 #include <QTimer>
 #include <csignal>
+
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -114,12 +115,5 @@ QStringList JobBench::alertMessages() {
 }
 
 void JobBench::write(const QString &path, const QByteArray &bytes) {
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-    qFatal("a file of the test cannot be written");
-}
-
-QByteArray JobBench::read(const QString &path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  if (!wholefile::write(path, bytes)) qFatal("a file of the test cannot be written");
 }

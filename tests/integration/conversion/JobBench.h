@@ -46,7 +46,6 @@ class JobBench final {
   // Shows the posted alerts and returns the messages of all so far.
   [[nodiscard]] QStringList alertMessages();
   static void write(const QString &path, const QByteArray &bytes);
-  [[nodiscard]] static QByteArray read(const QString &path);
 
   ScratchProgram program;
   Scenario scenario;

@@ -5,6 +5,7 @@
 
 #include "Defaults.h"
 #include "JobBench.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -76,7 +77,7 @@ class TestJobEnd final : public QObject {
     QCOMPARE(bench.inhibitor.held(), 0);
     QVERIFY(!bench.anyChildAlive());
     QVERIFY(bench.progressFiles().isEmpty());
-    QVERIFY(JobBench::read(bench.outputPath(u"movie.m4v"_s)).size() > 0 ||
+    QVERIFY(wholefile::read(bench.outputPath(u"movie.m4v"_s)).size() > 0 ||
             bench.outputs().isEmpty());
   }
 

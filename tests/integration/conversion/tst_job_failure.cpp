@@ -5,6 +5,7 @@
 
 #include "JobBench.h"
 #include "SmallDisk.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -109,7 +110,7 @@ class TestJobFailure final : public QObject {
     QVERIFY(text.contains(u"a strange & unheard of thing"_s));
     QVERIFY(text.contains(u"-progress "_s + bench.services.progressFolder));
     QVERIFY(text.contains(QSysInfo::prettyProductName() + u' ' + QSysInfo::kernelVersion()));
-    const QByteArray preferences = JobBench::read(bench.program.library().prefsPath()).toBase64();
+    const QByteArray preferences = wholefile::read(bench.program.library().prefsPath()).toBase64();
     QVERIFY(QByteArray::fromBase64(preferences).contains("at the last moment"));
     QVERIFY(text.contains(QString::fromLatin1(preferences)));
   }

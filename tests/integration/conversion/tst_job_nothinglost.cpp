@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "JobBench.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -16,7 +17,7 @@ class TestJobNothingLost final : public QObject {
 
  private:
   static QByteArray source(const JobBench &bench) {
-    return JobBench::read(bench.program.path(u"in/movie.mkv"_s));
+    return wholefile::read(bench.program.path(u"in/movie.mkv"_s));
   }
 
  private Q_SLOTS:
@@ -91,7 +92,7 @@ class TestJobNothingLost final : public QObject {
     if (!agreed) QVERIFY(bench.waitForEnd(job));
     QCOMPARE(bench.outputs(), agreed ? QStringList{u"movie.m4v"_s}
                                      : (QStringList{u"movie-0.m4v"_s, u"movie.m4v"_s}));
-    QCOMPARE(JobBench::read(other), QByteArray("to be converted later"));
+    QCOMPARE(wholefile::read(other), QByteArray("to be converted later"));
   }
 
   void theDestinationIsTheSubtitleFile() {
@@ -113,7 +114,7 @@ class TestJobNothingLost final : public QObject {
     QCOMPARE(job.start(), StartOutcome::launched);
     QCOMPARE(job.fileInfo().destinationURL.toLocalFile(), bench.outputPath(u"movie-0.m4v"_s));
     QVERIFY(bench.waitForEnd(job));
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
     QCOMPARE(bench.scenario.arguments(u"conversion"_s).first().last(),
              bench.outputPath(u"movie-0.m4v"_s));
     QCOMPARE(bench.notifier.posted.first().path, bench.outputPath(u"movie-0.m4v"_s));
@@ -143,7 +144,7 @@ class TestJobNothingLost final : public QObject {
     QVERIFY(bench.waitForEnd(job));
     QCOMPARE(bench.outputs(), (QStringList{u"movie-0-0-0.m4v"_s, u"movie-0-0.m4v"_s,
                                            u"movie-0.m4v"_s, u"movie.m4v"_s}));
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie-0-0.m4v"_s)), QByteArray("theirs"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie-0-0.m4v"_s)), QByteArray("theirs"));
   }
 
   void everyNameIsTakenAtTheLastMoment() {
@@ -166,7 +167,7 @@ class TestJobNothingLost final : public QObject {
     QCOMPARE(job.start(), StartOutcome::launched);
     QVERIFY(bench.waitForEnd(job));
     QCOMPARE(bench.outputs(), QStringList{u"movie.m4v"_s});
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie.m4v"_s)).size(), 64);
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie.m4v"_s)).size(), 64);
   }
 
   // A link that is replaced is not followed: what it leads to is not ours.
@@ -178,7 +179,7 @@ class TestJobNothingLost final : public QObject {
     job.setReplacesDestination(true);
     QCOMPARE(job.start(), StartOutcome::launched);
     QVERIFY(bench.waitForEnd(job));
-    QCOMPARE(JobBench::read(bench.outputPath(u"target"_s)), QByteArray("somebody's"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"target"_s)), QByteArray("somebody's"));
   }
 
   void aQueuedJobDeletesNothing() {
@@ -187,7 +188,7 @@ class TestJobNothingLost final : public QObject {
     JobBench::write(bench.outputPath(u"movie.m4v"_s), "holiday");
     job.setReplacesDestination(true);
     job.remove();
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
     QCOMPARE(source(bench), QByteArray(1000, 's'));
   }
 
@@ -198,7 +199,7 @@ class TestJobNothingLost final : public QObject {
     JobBench::write(bench.outputPath(u"movie.m4v"_s), "holiday");
     QCOMPARE(job.start(), StartOutcome::toolMissing);
     job.remove();
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("holiday"));
   }
 
   void aFailedJobDeletesItsOwnFile() {
@@ -231,7 +232,7 @@ class TestJobNothingLost final : public QObject {
     if (!sameFile) QVERIFY(QFile::remove(path));
     JobBench::write(path, "repaired by hand");
     job.remove();
-    QCOMPARE(JobBench::read(path), QByteArray("repaired by hand"));
+    QCOMPARE(wholefile::read(path), QByteArray("repaired by hand"));
   }
 
   void aRunningJobSparesWhatOthersPutThere_data() {
@@ -253,7 +254,7 @@ class TestJobNothingLost final : public QObject {
     JobBench::write(path, "another");
     job.remove();
     ConversionJob::finishStopping();
-    QCOMPARE(JobBench::read(path), QByteArray("another"));
+    QCOMPARE(wholefile::read(path), QByteArray("another"));
     QCOMPARE(QFile::exists(bench.outputPath(u"kept.m4v"_s)), !deleted);
   }
 

@@ -1,10 +1,10 @@
-#include <QFile>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <csignal>
 
 #include "JobBench.h"
+#include "ProcessState.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -15,11 +15,9 @@ class TestJobPause final : public QObject {
   Q_OBJECT
 
  private:
-  // The state letter of the first child: "T" when it is stopped.
+  // What the first child does.
   static char childState(const JobBench &bench) {
-    const int child = bench.scenario.calls().first().value(u"pid"_s).toInt();
-    const QByteArray stat = JobBench::read(u"/proc/%1/stat"_s.arg(child));
-    return stat.at(stat.lastIndexOf(") ") + 2);
+    return processState(bench.scenario.calls().first().value(u"pid"_s).toInt());
   }
 
  private Q_SLOTS:

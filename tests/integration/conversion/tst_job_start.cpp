@@ -7,6 +7,7 @@
 #include "ConversionTool.h"
 #include "Exceptions.h"
 #include "JobBench.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -148,7 +149,7 @@ class TestJobStart final : public QObject {
     ConversionJob &job = bench.addJob();
     job.setReplacesDestination(true);
     QCOMPARE(job.start(), StartOutcome::noRoom);
-    QCOMPARE(JobBench::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("precious"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"movie.m4v"_s)), QByteArray("precious"));
   }
 
   void whatIsReplacedCountsAsRoom() {
@@ -174,7 +175,7 @@ class TestJobStart final : public QObject {
     QCOMPARE(job.state(), JobStateFailed);
     QVERIFY(job.jobOutput().contains(u"Not a directory"_s));
     job.remove();
-    QCOMPARE(JobBench::read(bench.outputPath(u"file"_s)), QByteArray("not a folder"));
+    QCOMPARE(wholefile::read(bench.outputPath(u"file"_s)), QByteArray("not a folder"));
   }
 
   void theUserMayNotWriteThere() {

@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QProcess>
 #include <QRegularExpression>
@@ -12,6 +11,7 @@
 #include <QTest>
 
 #include "ProgressFiles.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -39,9 +39,7 @@ class TestProgressFiles final : public QObject {
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
   void write(const QString &name, const QByteArray &bytes) const {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    QVERIFY(wholefile::write(path(name), bytes));
   }
   [[nodiscard]] QStringList names() const {
     return QDir(m_folder->path())
@@ -61,9 +59,8 @@ void TestProgressFiles::claimedNamesDiffer() {
 
 void TestProgressFiles::claimInNoFolderIsNothing() {
   QVERIFY(claimProgressFile(u"a.mkv"_s, path(u"made/for it"_s)).isThere());
-  QFile file(path(u"no folder"_s));
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QVERIFY(!claimProgressFile(u"a.mkv"_s, file.fileName()).isThere());
+  QVERIFY(wholefile::write(path(u"no folder"_s)));
+  QVERIFY(!claimProgressFile(u"a.mkv"_s, path(u"no folder"_s)).isThere());
 }
 
 void TestProgressFiles::spareFolderIsTakenWhereNothingElseIs() {
@@ -133,16 +130,16 @@ void TestProgressFiles::leavesWhatAnotherProgramHolds() {
 
 void TestProgressFiles::leavesLinksAndFolders() {
   QTemporaryDir elsewhere;
-  QFile kept(elsewhere.filePath(u"kept.log"_s));
-  QVERIFY(kept.open(QIODevice::WriteOnly));
-  QVERIFY(QFile::link(kept.fileName(), path(u"link.log"_s)));
+  const QString kept = elsewhere.filePath(u"kept.log"_s);
+  QVERIFY(wholefile::write(kept));
+  QVERIFY(QFile::link(kept, path(u"link.log"_s)));
   QVERIFY(QFile::link(u"nowhere"_s, path(u"dangling.log"_s)));
   QVERIFY(QDir().mkpath(path(u"folder.log"_s)));
   QCOMPARE(::mkfifo(QFile::encodeName(path(u"fifo.log"_s)).constData(), 0600), 0);
   sweepProgressFiles(m_folder->path());
   QCOMPARE(names(),
            QStringList({u"dangling.log"_s, u"fifo.log"_s, u"folder.log"_s, u"link.log"_s}));
-  QVERIFY(kept.exists());
+  QVERIFY(QFile::exists(kept));
 }
 
 // Between the making of a file and its lock somebody may sweep.

@@ -2,6 +2,7 @@
 #include <csignal>
 
 #include "WatchedChild.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -71,10 +72,7 @@ void TestChildProcess::everyWayToEnd_data() {
 
 void TestChildProcess::everyWayToEnd() {
   QFETCH(QByteArray, steps);
-  QFile file(m_tool->scenario.path());
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write("any\n" + steps);
-  file.close();
+  QVERIFY(wholefile::write(m_tool->scenario.path(), "any\n" + steps));
 
   Watched watched;
   watched.child.start(m_tool->setup());
@@ -94,10 +92,7 @@ void TestChildProcess::everyWayToEnd() {
 
 void TestChildProcess::everyWayToEndWithoutEventLoop() {
   QFETCH(QByteArray, steps);
-  QFile file(m_tool->scenario.path());
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write("any\n" + steps);
-  file.close();
+  QVERIFY(wholefile::write(m_tool->scenario.path(), "any\n" + steps));
 
   QByteArray output;
   const ChildResult result = ostrak::runChild(m_tool->setup(), output);
@@ -120,9 +115,8 @@ void TestChildProcess::failedStart_data() {
 void TestChildProcess::failedStart() {
   QFETCH(QString, executable);
   const auto write = [this](const QString &name, const QByteArray &bytes, bool runnable) {
+    QVERIFY(wholefile::write(m_tool->path(name), bytes));
     QFile file(m_tool->path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
     if (runnable) file.setPermissions(file.permissions() | QFile::ExeOwner);
   };
   write(u"plain"_s, "#!/bin/true\n", false);

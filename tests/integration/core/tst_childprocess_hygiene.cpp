@@ -10,6 +10,7 @@
 #include <csignal>
 #include <thread>
 
+#include "ProcessState.h"
 #include "WatchedChild.h"
 
 using namespace Qt::StringLiterals;
@@ -35,10 +36,8 @@ int parentToBeKilled(const QString &tool, const QString &input) {
 }
 
 bool isAlive(qint64 pid) {
-  QFile file(u"/proc/%1/stat"_s.arg(pid));
-  if (!file.open(QIODevice::ReadOnly)) return false;
-  const QByteArray line = file.readAll();
-  return line.at(line.lastIndexOf(')') + 2) != 'Z';
+  const char state = processState(pid);
+  return state != ' ' && state != 'Z';
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <QTest>
 #include <csignal>
 
+#include "ProcessState.h"
 #include "WatchedChild.h"
 
 using namespace Qt::StringLiterals;
@@ -120,18 +121,12 @@ void TestChildProcessStop::stopAfterTheEndChangesNothing() {
 }
 
 void TestChildProcessStop::suspendAndResume() {
-  const auto state = [](qint64 pid) {
-    QFile file(u"/proc/%1/stat"_s.arg(pid));
-    if (!file.open(QIODevice::ReadOnly)) return ' ';
-    const QByteArray line = file.readAll();
-    return line.at(line.lastIndexOf(')') + 2);
-  };
   QVERIFY(m_tool->scenario.announce(u"up"_s).wait(u"go"_s).exit(7).write());
   Watched watched;
   watched.child.start(m_tool->setup());
   QTRY_VERIFY(m_tool->scenario.announced(u"up"_s));
   watched.child.suspend();
-  QTRY_COMPARE(state(watched.child.processId()), 'T');
+  QTRY_COMPARE(processState(watched.child.processId()), 'T');
   QVERIFY(m_tool->scenario.release(u"go"_s));
   QVERIFY(!watched.child.waitForDone(0ms));
   QVERIFY(watched.child.isRunning());

@@ -11,6 +11,7 @@
 
 #include "Descriptor.h"
 #include "FolderTree.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -54,9 +55,7 @@ class TestFolderTree final : public QObject {
     return tree.takeNews().changed;
   }
   void write(const QString &name, const QByteArray &bytes = "x") const {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    QVERIFY(wholefile::write(path(name), bytes));
   }
   void make(const QString &name) const { QVERIFY(QDir().mkpath(path(name))); }
   void move(const QString &from, const QString &to) const {
@@ -107,10 +106,7 @@ void TestFolderTree::notices() {
 
 void TestFolderTree::lookingIsNoChange() {
   const auto tree = watch();
-  QFile file(path(u"root/sub/deep/file"_s));
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  QCOMPARE(file.readAll(), QByteArray("x"));
-  file.close();
+  QCOMPARE(wholefile::read(path(u"root/sub/deep/file"_s)), QByteArray("x"));
   QCOMPARE(QDir(path(u"root/sub"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
            QStringList{u"deep"_s});
   write(u"outside/file"_s);
@@ -245,9 +241,7 @@ void TestFolderTree::pathsLongerThanTheSystemTakes() {
 }
 
 void TestFolderTree::lostEvents() {
-  QFile limit(u"/proc/sys/fs/inotify/max_queued_events"_s);
-  QVERIFY(limit.open(QIODevice::ReadOnly));
-  const int most = limit.readAll().trimmed().toInt();
+  const int most = wholefile::read(u"/proc/sys/fs/inotify/max_queued_events"_s).trimmed().toInt();
   QVERIFY(most > 0);
   const auto tree = watch();
   // Each of them is two events.

@@ -9,6 +9,7 @@
 
 #include "Fetching.h"
 #include "HttpAnswer.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -119,11 +120,9 @@ class TestNetwork final : public QObject {
 
   void readsFiles() {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(u"a b%20.txt"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(QByteArray(1000, 'x')), 1000);
-    file.close();
-    const QUrl location = QUrl::fromLocalFile(file.fileName());
+    const QString file = folder.filePath(u"a b%20.txt"_s);
+    QVERIFY(wholefile::write(file, QByteArray(1000, 'x')));
+    const QUrl location = QUrl::fromLocalFile(file);
     QCOMPARE(download(location), Content(QByteArray(1000, 'x')));
     QCOMPARE(download(location.toString(QUrl::FullyEncoded)), Content(QByteArray(1000, 'x')));
     QCOMPARE(fetched(&performGET, location, {}), Content(QByteArray(1000, 'x')));

@@ -10,6 +10,7 @@
 #include "Ostrak.h"
 #include "Scenario.h"
 #include "Task.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::runAsTask;
@@ -82,10 +83,7 @@ void TestTask::givesOutputAndStatus_data() {
 void TestTask::givesOutputAndStatus() {
   QFETCH(QByteArray, steps);
   QFETCH(std::optional<QString>, output);
-  QFile file(path(u"ffmpeg.scenario"_s));
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write("any\n" + steps);
-  file.close();
+  QVERIFY(wholefile::write(path(u"ffmpeg.scenario"_s), "any\n" + steps));
   qint32 status = -77;
   QCOMPARE(runAsTaskWithTerminationStatus({path(u"tool"_s), u"x"_s}, &status), output);
   QTEST(status, "status");
@@ -106,8 +104,8 @@ void TestTask::nothingWhenItCannotStart() {
   QFETCH(QStringList, command);
   if (command.value(0) == "empty"_L1) {
     command[0] = path(u"empty"_s);
+    QVERIFY(wholefile::write(command[0]));
     QFile file(command[0]);
-    QVERIFY(file.open(QIODevice::WriteOnly));
     QVERIFY(file.setPermissions(file.permissions() | QFile::ExeOwner));
   }
   qint32 status = -77;

@@ -10,6 +10,7 @@
 #include <csignal>
 
 #include "RealTrashCan.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,14 +37,9 @@ class TestTrash final : public QObject {
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
   QString makeFile(const QString &name, const QByteArray &bytes = "movie") const {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
-    return file.fileName();
+    return wholefile::made(path(name), bytes);
   }
-  [[nodiscard]] QByteArray read(const QString &name) const {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
+  [[nodiscard]] QByteArray read(const QString &name) const { return wholefile::read(path(name)); }
   [[nodiscard]] QStringList entries(const QString &name) const {
     return QDir(path(name)).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System);
   }
@@ -220,18 +216,16 @@ void TestTrash::usesTheVolumesOwnTrash() {
   QCOMPARE(::stat(QFile::encodeName(other.path()).constData(), &there), 0);
   QVERIFY(here.st_dev != there.st_dev);
 
-  QFile movie(other.filePath(u"movie-of-test.mkv"_s));
-  QVERIFY(movie.open(QIODevice::WriteOnly));
-  movie.close();
-  QCOMPARE(RealTrashCan(path(u"data"_s)).moveToTrash(movie.fileName()), QString());
-  QVERIFY(!movie.exists());
+  const QString movie = other.filePath(u"movie-of-test.mkv"_s);
+  QVERIFY(wholefile::write(movie));
+  QCOMPARE(RealTrashCan(path(u"data"_s)).moveToTrash(movie), QString());
+  QVERIFY(!QFile::exists(movie));
   QVERIFY(!QFile::exists(path(u"data/Trash"_s)));
   const QString trash = u"/dev/shm/.Trash-%1"_s.arg(::geteuid());
-  QFile info(trash + u"/info/movie-of-test.mkv.trashinfo"_s);
-  QVERIFY(info.open(QIODevice::ReadOnly));
-  QVERIFY(info.readAll().contains(
+  const QString info = trash + u"/info/movie-of-test.mkv.trashinfo"_s;
+  QVERIFY(wholefile::read(info).contains(
       QByteArray("\nPath=" + other.path().mid(9).toUtf8() + "/movie-of-test.mkv\n")));
-  QVERIFY(info.remove());
+  QVERIFY(QFile::remove(info));
   QVERIFY(QFile::remove(trash + u"/files/movie-of-test.mkv"_s));
 }
 
@@ -241,14 +235,13 @@ void TestTrash::distrustsAForeignTrash() {
   QFile::rename(trash, aside);
   QTemporaryDir other(u"/dev/shm/trash-XXXXXX"_s);
   QVERIFY(QFile::link(m_folder->path(), trash));
-  QFile movie(other.filePath(u"movie.mkv"_s));
-  QVERIFY(movie.open(QIODevice::WriteOnly));
-  movie.close();
-  const QString failure = RealTrashCan(path(u"data"_s)).moveToTrash(movie.fileName());
+  const QString movie = other.filePath(u"movie.mkv"_s);
+  QVERIFY(wholefile::write(movie));
+  const QString failure = RealTrashCan(path(u"data"_s)).moveToTrash(movie);
   QFile::remove(trash);
   QFile::rename(aside, trash);
   QVERIFY(failure.contains(trash));
-  QVERIFY(movie.exists());
+  QVERIFY(QFile::exists(movie));
 }
 
 QTEST_GUILESS_MAIN(TestTrash)

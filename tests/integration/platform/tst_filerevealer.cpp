@@ -1,10 +1,10 @@
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include "DesktopBench.h"
 #include "RealFileRevealer.h"
 #include "UrlOpener.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,9 +28,7 @@ class TestFileRevealer final : public QObject {
 
  private:
   [[nodiscard]] QString makeFile(const QString &name) const {
-    const QString path = m_bench->path(name);
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) ? path : QString();
+    return wholefile::made(m_bench->path(name));
   }
   [[nodiscard]] QString folderUri() const { return u"file://"_s + m_bench->path({}); }
   [[nodiscard]] QList<QUrl> folder() const { return {QUrl(folderUri())}; }

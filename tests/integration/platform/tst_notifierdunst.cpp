@@ -2,11 +2,11 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QFile>
 #include <QTest>
 
 #include "DesktopBench.h"
 #include "RealNotifier.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -84,10 +84,8 @@ bool TestNotifierDunst::startDisplay() {
 }
 
 bool TestNotifierDunst::startDunst(const QString &markup) {
-  QFile settings(m_bench->path(u"dunstrc"_s));
-  if (!settings.open(QIODevice::WriteOnly)) return false;
-  settings.write("[global]\nmarkup = " + markup.toLatin1() + "\n");
-  settings.close();
+  const QString settings = m_bench->path(u"dunstrc"_s);
+  if (!wholefile::write(settings, "[global]\nmarkup = " + markup.toLatin1() + "\n")) return false;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(u"DISPLAY"_s, m_displayName);
   environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_bench->privateBus().address());
@@ -95,7 +93,7 @@ bool TestNotifierDunst::startDunst(const QString &markup) {
   m_dunst = std::make_unique<QProcess>();
   m_dunst->setProcessEnvironment(environment);
   m_dunst->setStandardErrorFile(m_bench->path(u"dunst-errors"_s));
-  m_dunst->start(u"dunst"_s, {u"-conf"_s, settings.fileName()});
+  m_dunst->start(u"dunst"_s, {u"-conf"_s, settings});
   return m_dunst->waitForStarted() && QTest::qWaitFor([this] {
            return m_bench->bus().interface()->isServiceRegistered(server).value();
          });

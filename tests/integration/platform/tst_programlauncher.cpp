@@ -9,6 +9,7 @@
 
 #include "Descriptor.h"
 #include "RealProgramLauncher.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,9 +25,7 @@ class TestProgramLauncher final : public QObject {
 
  private:
   static bool write(const QString &path, const QByteArray &text, QFile::Permissions permissions) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() &&
-           file.setPermissions(permissions);
+    return wholefile::write(path, text) && QFile::setPermissions(path, permissions);
   }
 };
 
@@ -45,9 +44,7 @@ void TestProgramLauncher::startsAProcessOfItsOwn() {
                 QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
   QVERIFY(RealProgramLauncher().launch(program));
   QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(told), 30'000);
-  QFile file(told);
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  const QList<QByteArray> words = file.readAll().trimmed().split(' ');
+  const QList<QByteArray> words = wholefile::read(told).trimmed().split(' ');
   QCOMPARE(words.size(), 2);
   QCOMPARE(words.at(0), QByteArray("0"));
   QVERIFY(words.at(1).toInt() > 0);

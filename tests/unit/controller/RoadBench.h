@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QList>
 #include <QObject>
@@ -15,6 +14,7 @@
 #include "Sandbox.h"
 #include "ScratchProgram.h"
 #include "Settings.h"
+#include "WholeFile.h"
 
 // The base of tests of the road from an entry of the destination menu to the output's file, in a
 // scratch folder and a sandbox, with a person of straw at the panels.
@@ -42,9 +42,7 @@ class RoadBench : public QObject {
   }
   [[nodiscard]] QString file(const QString &name) const {
     QDir().mkpath(QFileInfo(m_program->path(name)).path());
-    QFile made(m_program->path(name));
-    if (!made.open(QIODevice::WriteOnly)) return {};
-    return made.fileName();
+    return wholefile::made(m_program->path(name));
   }
   [[nodiscard]] QString folder(const QString &name) const {
     QDir(m_program->root()).mkpath(name);

@@ -1,13 +1,13 @@
 #include <unistd.h>
 
 #include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QTest>
 
 #include "Destinations.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -38,9 +38,7 @@ class TestClaimedNames final : public QObject {
 
  private:
   [[nodiscard]] QString file(const QString &name) const {
-    QFile made(m_program->path(name));
-    if (!made.open(QIODevice::WriteOnly)) return {};
-    return made.fileName();
+    return wholefile::made(m_program->path(name));
   }
   std::unique_ptr<ScratchProgram> m_program;
 };

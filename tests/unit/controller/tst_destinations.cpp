@@ -1,6 +1,4 @@
-#include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QTest>
@@ -10,6 +8,7 @@
 #include "Destinations.h"
 #include "ScratchProgram.h"
 #include "Settings.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -36,9 +35,7 @@ class TestDestinations final : public QObject {
 
  private:
   [[nodiscard]] QString file(const QString &name) const {
-    QFile made(m_program->path(name));
-    if (!made.open(QIODevice::WriteOnly)) return {};
-    return made.fileName();
+    return wholefile::made(m_program->path(name));
   }
   [[nodiscard]] MKVFileInfo record(const QString &path) const {
     MKVFileInfo info;

@@ -9,6 +9,7 @@
 #include "Intake.h"
 #include "ScratchProgram.h"
 #include "Settings.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -48,9 +49,7 @@ class TestIntakeRecord final : public QObject {
 
  private:
   [[nodiscard]] QString write(const QString &name, const QByteArray &content) {
-    QFile file(m_program->path(name));
-    return file.open(QIODevice::WriteOnly) && file.write(content) >= 0 ? file.fileName()
-                                                                       : QString();
+    return wholefile::made(m_program->path(name), content);
   }
   void waitForShown(const QString &name) {
     QTRY_COMPARE(m_intake->state(), Intake::State::Showing);

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QIODevice>
 #include <QMap>
 #include <QObject>
 #include <QRegularExpression>
@@ -11,6 +10,7 @@
 #include <QTest>
 
 #include "SortedFiles.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -37,9 +37,7 @@ class TestSortedFiles final : public QObject {
 
  private:
   [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
-    QFile file(m_folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
-    return file.fileName();
+    return wholefile::made(m_folder.filePath(name), bytes);
   }
   QTemporaryDir m_folder;
 };

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QSemaphore>
@@ -15,6 +14,7 @@
 #include "ScratchProgram.h"
 #include "SourceDisposal.h"
 #include "TrashCan.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -68,9 +68,7 @@ class TestSourceDisposal final : public QObject {
 
  private:
   [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
-    QFile file(m_program->path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
-    return file.fileName();
+    return wholefile::made(m_program->path(name), bytes);
   }
   void playDuration(const char *duration) const {
     Scenario scenario(m_program->path(u"bundle/resources/ffmpeg.scenario"_s));

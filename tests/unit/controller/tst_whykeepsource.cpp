@@ -3,7 +3,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QTest>
@@ -12,6 +11,7 @@
 #include "Scenario.h"
 #include "ScratchProgram.h"
 #include "SourceDisposal.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -51,9 +51,7 @@ class TestWhyKeepSource final : public QObject {
 
  private:
   [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
-    QFile file(m_program->path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
-    return file.fileName();
+    return wholefile::made(m_program->path(name), bytes);
   }
   [[nodiscard]] QString whyKept(qint32 seconds = 100) const {
     return whyKeepSource(m_request, [seconds](const QUrl &) { return seconds; });

@@ -12,6 +12,7 @@
 #include "OwnFile.h"
 #include "Stopwatch.h"
 #include "Volumes.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -20,9 +21,7 @@ using namespace std::chrono_literals;
 namespace {
 
 void write(const QString &path, const QByteArray &bytes) {
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-    qFatal("a file of the test cannot be written");
+  if (!wholefile::write(path, bytes)) qFatal("a file of the test cannot be written");
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 #include <QDir>
-#include <QFile>
-#include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QObject>
@@ -8,6 +6,7 @@
 #include <QTest>
 
 #include "Bookmark.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -91,8 +90,7 @@ class TestBookmark final : public QObject {
   }
 
   void onlyFoldersAreBookmarked() {
-    QFile file(at("Films/a.mkv"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(wholefile::write(at("Films/a.mkv")));
     QVERIFY(!bookmarkOfFolder(at("Films/a.mkv")));
     QVERIFY(!bookmarkOfFolder(at("nothing")));
   }

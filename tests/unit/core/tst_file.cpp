@@ -10,6 +10,7 @@
 
 #include "File.h"
 #include "Ostrak.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -37,9 +38,7 @@ class TestFile final : public QObject {
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
   void write(const QString &name, const QByteArray &bytes = "x") const {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    QVERIFY(wholefile::write(path(name), bytes));
   }
   // A folder with one of everything.
   void fill() const {

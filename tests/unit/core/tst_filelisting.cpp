@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "File.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -28,9 +29,7 @@ class TestFileListing final : public QObject {
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
   void write(const QString &name, const QByteArray &bytes = "x") const {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    QVERIFY(wholefile::write(path(name), bytes));
   }
   // a, .hidden, sub/b, sub/inner/c, and a link to sub.
   void fill() const {

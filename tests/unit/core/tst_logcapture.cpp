@@ -6,6 +6,7 @@
 
 #include "Logging.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -27,7 +28,6 @@ class TestLogCapture final : public QObject {
 
  private:
   [[nodiscard]] QString capture(const QString &name, quint64 maxSize = 0);
-  [[nodiscard]] static QByteArray read(const QString &path);
 
   std::unique_ptr<ScratchProgram> m_program;
 };
@@ -42,11 +42,6 @@ QString TestLogCapture::capture(const QString &name, quint64 maxSize) {
   const QString path = m_program->path(name);
   tk_log_enablecapturetofile(QUrl::fromLocalFile(path), maxSize);
   return path;
-}
-
-QByteArray TestLogCapture::read(const QString &path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void TestLogCapture::aMissingFolderLeavesItOff() {
@@ -74,7 +69,7 @@ void TestLogCapture::lines() {
   QFETCH(QString, name);
   const QString path = capture(u"log.txt"_s);
   tk_log_level(level, u"Info: %@"_s, u"ä 50%"_s);
-  const QString line = QString::fromUtf8(read(path));
+  const QString line = QString::fromUtf8(wholefile::read(path));
   const QRegularExpression wanted(
       u"^(?:Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) \\d\\d "
       u"\\d?\\d\\D\\d\\d(?:[^\\n]{0,5})  Decant\\[%1\\] <%2>: Info: ä 50%\\n$"_s
@@ -101,15 +96,12 @@ void TestLogCapture::cuts() {
     before += QByteArray::number(at) + ' ';
   before.truncate(1000);
   const QString path = m_program->path(u"log.txt"_s);
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(before);
-  file.close();
+  QVERIFY(wholefile::write(path, before));
   (void)capture(u"log.txt"_s, limit);
-  QCOMPARE(read(path), before.last(kept));
+  QCOMPARE(wholefile::read(path), before.last(kept));
   tk_log_level(4, u"Warning: after"_s);
-  QVERIFY(read(path).startsWith(before.last(kept)));
-  QVERIFY(read(path).endsWith("<Warning>: Warning: after\n"));
+  QVERIFY(wholefile::read(path).startsWith(before.last(kept)));
+  QVERIFY(wholefile::read(path).endsWith("<Warning>: Warning: after\n"));
 }
 
 void TestLogCapture::replacesAnEarlierFile() {
@@ -122,12 +114,12 @@ void TestLogCapture::replacesAnEarlierFile() {
   const QString second = capture(u"second.txt"_s);
   QCOMPARE(openFiles(), before);
   tk_log_level(3, u"Error: two"_s);
-  QCOMPARE(read(first).count('\n'), 1);
-  QVERIFY(read(second).endsWith("Error: two\n"));
-  QCOMPARE(read(second).count('\n'), 1);
+  QCOMPARE(wholefile::read(first).count('\n'), 1);
+  QVERIFY(wholefile::read(second).endsWith("Error: two\n"));
+  QCOMPARE(wholefile::read(second).count('\n'), 1);
   (void)capture(u"none/third.txt"_s);
   tk_log_level(3, u"Error: three"_s);
-  QVERIFY(read(second).endsWith("Error: three\n"));
+  QVERIFY(wholefile::read(second).endsWith("Error: three\n"));
 }
 
 void TestLogCapture::linesOfThreadsStayWhole() {
@@ -143,7 +135,7 @@ void TestLogCapture::linesOfThreadsStayWhole() {
   }
   for (std::thread &thread : threads)
     thread.join();
-  const QByteArrayList lines = read(path).trimmed().split('\n');
+  const QByteArrayList lines = wholefile::read(path).trimmed().split('\n');
   QCOMPARE(lines.size(), writers * messages);
   for (const QByteArray &line : lines)
     QVERIFY(line.endsWith("<Info>: Info: whole"));
@@ -153,8 +145,9 @@ void TestLogCapture::whatCannotBeEncoded() {
   const QString path = capture(u"log.txt"_s);
   const QString halfCharacter(QChar(0xD800));
   tk_log_level(5, u"Info: %@"_s, halfCharacter);
-  QCOMPARE(read(path).count('\n'), 2);  // the line within the message brings its own line break
-  QVERIFY(read(path).contains("<Error>: could not open create data from string "));
+  // The line within the message brings its own line break.
+  QCOMPARE(wholefile::read(path).count('\n'), 2);
+  QVERIFY(wholefile::read(path).contains("<Error>: could not open create data from string "));
   QCOMPARE(m_program->loggedWithLevel().first().level, 3);
   QCOMPARE(m_program->loggedWithLevel().last().level, 5);
   QCOMPARE(m_program->logged().size(), 2);

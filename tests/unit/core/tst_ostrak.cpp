@@ -12,6 +12,7 @@
 #include "Defaults.h"
 #include "ScratchProgram.h"
 #include "SupportMail.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -145,9 +146,7 @@ void TestOstrak::desktopOfProcess() {
   QFETCH(const QByteArray, userDirs);
   QFETCH(const QString, desktop);
   qputenv("XDG_CONFIG_HOME", m_program->path(u"config"_s).toUtf8());
-  QFile file(m_program->path(u"config/user-dirs.dirs"_s));
-  QVERIFY(file.open(QIODevice::WriteOnly) && file.write(userDirs) > 0);
-  file.close();
+  QVERIFY(wholefile::write(m_program->path(u"config/user-dirs.dirs"_s), userDirs));
   QCOMPARE(OstrakSetup::ofProcess().deskDir, QString(QDir::homePath() + desktop));
 }
 
@@ -245,9 +244,7 @@ void TestOstrak::factsAreGatheredByValue() {
   setDefaultInt(u"key"_s, 12345);
   const auto gather = SupportFacts::gatherer(true);
   const auto without = SupportFacts::gatherer(false);
-  QFile file(tk->prefsPath());
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  const QByteArray flushed = file.readAll();
+  const QByteArray flushed = wholefile::read(tk->prefsPath());
   QVERIFY(flushed.contains("key=12345"));
   const Ostrak *library = std::exchange(tk, nullptr);
   const auto back = qScopeGuard([&] { tk = &m_program->library(); });

@@ -1,4 +1,3 @@
-#include <QFile>
 #include <QTest>
 #include <QUrlQuery>
 #include <atomic>
@@ -8,6 +7,7 @@
 #include "Dispatch.h"
 #include "File.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -93,9 +93,7 @@ void TestProblemReport::mailCarriesRecentMessages() {
   const QString encoded = openedBody().section(u"Preferences: "_s, 1).trimmed();
   const QByteArray preferences = QByteArray::fromBase64(encoded.toLatin1());
   QVERIFY(preferences.contains("alert_feedback very recent details"));
-  QFile file(m_program->library().prefsPath());
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  QCOMPARE(preferences, file.readAll());
+  QCOMPARE(preferences, wholefile::read(m_program->library().prefsPath()));
 }
 
 // The settings are not even written.

@@ -10,6 +10,7 @@
 #include "BuildTree.h"
 #include "Text.h"
 #include "Translations.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::localized;
@@ -96,10 +97,7 @@ class TestTranslations final : public QObject {
 
   void passesOverADamagedCatalogue() {
     const QTemporaryDir folder;
-    QFile damaged(folder.filePath(u"decant_xx.qm"_s));
-    QVERIFY(damaged.open(QFile::WriteOnly));
-    QVERIFY(damaged.write("no catalogue") > 0);
-    damaged.close();
+    QVERIFY(wholefile::write(folder.filePath(u"decant_xx.qm"_s), "no catalogue"));
     QVERIFY(QFile::copy(catalogues + u"/decant_de.qm"_s, folder.filePath(u"decant_de.qm"_s)));
     const Translations translations(folder.path(), {u"xx"_s, u"de"_s});
     QCOMPARE(translations.language(), u"de"_s);

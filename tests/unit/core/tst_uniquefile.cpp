@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "File.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +23,7 @@ class TestUniqueFile final : public QObject {
 
  private:
   [[nodiscard]] QString path(const QString &name) const { return m_folder->filePath(name); }
-  void write(const QString &name) const {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-  }
+  void write(const QString &name) const { QVERIFY(wholefile::write(path(name))); }
   std::unique_ptr<QTemporaryDir> m_folder;
 };
 

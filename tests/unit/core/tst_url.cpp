@@ -1,11 +1,11 @@
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 #include <QUrlQuery>
 
 #include "ScratchProgram.h"
 #include "Url.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -64,10 +64,10 @@ class TestUrl final : public QObject {
     ScratchProgram program;
     const QString pages = program.library().resDir() + u"/pages"_s;
     QVERIFY(QDir().mkpath(pages));
-    QFile page(pages + u"/a b%.html"_s);
-    QVERIFY(page.open(QIODevice::WriteOnly));
-    QCOMPARE(resourcePath(u"pages/a b%.html"_s), page.fileName());
-    QCOMPARE(resourceURL(u"pages/a b%.html"_s).toLocalFile(), page.fileName());
+    const QString page = pages + u"/a b%.html"_s;
+    QVERIFY(wholefile::write(page));
+    QCOMPARE(resourcePath(u"pages/a b%.html"_s), page);
+    QCOMPARE(resourceURL(u"pages/a b%.html"_s).toLocalFile(), page);
     for (const QString &absent : {u"none"_s, u""_s, u"../resources/pages"_s, u"/"_s, pages}) {
       QVERIFY2(resourcePath(absent).isNull(), qPrintable(absent));
       QVERIFY2(!resourceURL(absent).isValid(), qPrintable(absent));

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "UserDefaults.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::UserDefaults;
@@ -47,14 +48,11 @@ void TestUserDefaults::init() {
 
 void TestUserDefaults::write(const QByteArray &text) const {
   QDir().mkpath(m_folder->filePath(u"settings"_s));
-  QFile file(path());
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(text);
+  QVERIFY(wholefile::write(path(), text));
 }
 
 QByteArray TestUserDefaults::read() const {
-  QFile file(path());
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  return wholefile::read(path());
 }
 
 std::unique_ptr<UserDefaults> TestUserDefaults::reopened() {

@@ -8,6 +8,7 @@
 #include "Descriptor.h"
 #include "Logging.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using ostrak::UserDefaults;
@@ -35,7 +36,6 @@ class TestUserDefaultsBroken final : public QObject {
   void breakFile(const QByteArray &text = garbage()) const;
   // A name with the part that is put behind it is too long for the file system.
   void takeNameThatCannotGrow() { m_path = m_program->path(u"config/"_s + QString(250, u'x')); }
-  [[nodiscard]] QByteArray read(const QString &path) const;
   [[nodiscard]] static QByteArray garbage() { return "[General\nthis is no settings file\n"; }
 
   std::unique_ptr<ScratchProgram> m_program;
@@ -49,26 +49,19 @@ void TestUserDefaultsBroken::init() {
 }
 
 void TestUserDefaultsBroken::breakFile(const QByteArray &text) const {
-  QFile file(m_path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(text);
-}
-
-QByteArray TestUserDefaultsBroken::read(const QString &path) const {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  QVERIFY(wholefile::write(m_path, text));
 }
 
 void TestUserDefaultsBroken::isKeptAside() {
   breakFile();
   UserDefaults store(m_path, Persistence::Stored);
   QCOMPARE(store.keptAside(), QString(m_path + u".broken-1"_s));
-  QCOMPARE(read(store.keptAside()), garbage());
+  QCOMPARE(wholefile::read(store.keptAside()), garbage());
   QVERIFY(!QFile::exists(m_path));
   store.setValue(u"key"_s, 1);
   store.synchronize();
-  QCOMPARE(read(store.keptAside()), garbage());
-  QCOMPARE(read(m_path), "[General]\nkey=1\n");
+  QCOMPARE(wholefile::read(store.keptAside()), garbage());
+  QCOMPARE(wholefile::read(m_path), "[General]\nkey=1\n");
 }
 
 void TestUserDefaultsBroken::isKeptAsideWhateverIsWrong_data() {
@@ -85,7 +78,7 @@ void TestUserDefaultsBroken::isKeptAsideWhateverIsWrong() {
   QFETCH(const QByteArray, text);
   breakFile(text);
   UserDefaults store(m_path, Persistence::Stored);
-  QCOMPARE(read(store.keptAside()), text);
+  QCOMPARE(wholefile::read(store.keptAside()), text);
 }
 
 void TestUserDefaultsBroken::takesTheFirstFreeNumber() {
@@ -93,7 +86,7 @@ void TestUserDefaultsBroken::takesTheFirstFreeNumber() {
     breakFile(garbage() + QByteArray::number(number));
     const UserDefaults store(m_path, Persistence::Stored);
     QCOMPARE(store.keptAside(), QString(m_path + u".broken-%1"_s.arg(number)));
-    QVERIFY(read(store.keptAside()).endsWith(QByteArray::number(number)));
+    QVERIFY(wholefile::read(store.keptAside()).endsWith(QByteArray::number(number)));
   }
 }
 
@@ -105,7 +98,7 @@ void TestUserDefaultsBroken::isLeftAloneInMemory() {
     QVERIFY(!store.value(u"key"_s).isValid());
     store.setValue(u"key"_s, 1);
   }
-  QCOMPARE(read(m_path), garbage());
+  QCOMPARE(wholefile::read(m_path), garbage());
 }
 
 void TestUserDefaultsBroken::isToldOnceByTheLibrary() {
@@ -128,8 +121,8 @@ void TestUserDefaultsBroken::isKeptAsideWhileTheProgramRuns() {
   breakFile();
   store.setValue(u"second"_s, 2);
   store.synchronize();
-  QCOMPARE(read(store.keptAside()), garbage());
-  QVERIFY(read(m_path).contains("second=2"));
+  QCOMPARE(wholefile::read(store.keptAside()), garbage());
+  QVERIFY(wholefile::read(m_path).contains("second=2"));
   QCOMPARE(store.value(u"first"_s), QVariant(qint64{1}));
   QCOMPARE(m_program->logged().size(), 1);
 }
@@ -148,7 +141,7 @@ void TestUserDefaultsBroken::isIgnoredWhereItCannotBeMoved() {
     QCOMPARE(store.value(u"key"_s), QVariant(qint64{1}));
     QCOMPARE(told, 1);
   }
-  QCOMPARE(read(m_path), garbage());
+  QCOMPARE(wholefile::read(m_path), garbage());
 }
 
 void TestUserDefaultsBroken::isNotWrittenOverWhereItCannotBeMoved() {
@@ -160,7 +153,7 @@ void TestUserDefaultsBroken::isNotWrittenOverWhereItCannotBeMoved() {
   breakFile();
   store.setValue(u"second"_s, 2);
   store.synchronize();
-  QCOMPARE(read(m_path), garbage());
+  QCOMPARE(wholefile::read(m_path), garbage());
   QCOMPARE(m_program->logged().filter(u"(null)"_s), QStringList());
   QCOMPARE(m_program->logged().filter(u"cannot be written"_s).size(), 1);
   // What waits is written once it can be.
@@ -168,7 +161,7 @@ void TestUserDefaultsBroken::isNotWrittenOverWhereItCannotBeMoved() {
   store.setValue(u"third"_s, 3);
   store.synchronize();
   for (const char *key : {"second=2", "third=3"})
-    QVERIFY2(read(m_path).contains(key), key);
+    QVERIFY2(wholefile::read(m_path).contains(key), key);
 }
 
 void TestUserDefaultsBroken::isIgnoredWhereItCannotBeOpened_data() {

@@ -1,5 +1,3 @@
-#include <QFile>
-#include <QIODevice>
 #include <QObject>
 #include <QRegularExpression>
 #include <QStringList>
@@ -8,6 +6,7 @@
 
 #include "BuildTree.h"
 #include "Reports.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using decant::MKVFileInfo;
@@ -93,12 +92,12 @@ void TestReportVersions::report() {
   QFETCH(int, index);
   const Expected &expected = expectations[index];
   const QString path = QString::fromLatin1(expected.path);
-  QFile file(buildtree::source(u"tests/unit/probe/reports/"_s) + QLatin1StringView(expected.file) +
-             u".txt"_s);
-  QVERIFY(file.open(QIODevice::ReadOnly));
+  const QByteArray text = wholefile::read(buildtree::source(u"tests/unit/probe/reports/"_s) +
+                                          QLatin1StringView(expected.file) + u".txt"_s);
+  QVERIFY(!text.isEmpty());
 
   const decant::ProbeOutcome outcome =
-      decant::parseReport(QString::fromUtf8(file.readAll()), sourceAt(path), {});
+      decant::parseReport(QString::fromUtf8(text), sourceAt(path), {});
   QCOMPARE(joined(identifiersOf(outcome.alerts)), QString::fromLatin1(expected.alerts));
   QCOMPARE(outcome.record.has_value(), expected.video >= 0);
   if (expected.video < 0) return;

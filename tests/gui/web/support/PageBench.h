@@ -9,6 +9,7 @@
 #include "BuildTree.h"
 #include "PageServer.h"
 #include "ScratchProgram.h"
+#include "WholeFile.h"
 
 // A scratch program with pages among its resources, the real libraries that come on demand unless
 // told otherwise, and a web server.
@@ -29,9 +30,7 @@ class PageBench final {
   }
   // A resource of the bundle.
   void putPage(const QString &name, const QByteArray &content) {
-    QFile file(program.library().resDir() + QLatin1Char('/') + name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
+    QVERIFY(wholefile::write(program.library().resDir() + QLatin1Char('/') + name, content));
   }
   // Messages of the documentation views so far.
   [[nodiscard]] QStringList told() const {

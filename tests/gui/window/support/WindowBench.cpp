@@ -16,6 +16,7 @@
 #include "BuildTree.h"
 #include "Defaults.h"
 #include "Ostrak.h"
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -68,9 +69,7 @@ AppServices WindowBench::services() {
 
 QString WindowBench::movie(const QString &name) const {
   QDir().mkpath(QFileInfo(path(name)).path());
-  QFile file(path(name));
-  if (!file.open(QIODevice::WriteOnly) || file.write("a movie") < 0) return {};
-  return file.fileName();
+  return wholefile::made(path(name), "a movie");
 }
 
 QString WindowBench::folder(const QString &name) const {
