@@ -1,29 +1,20 @@
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 
 #include "Defaults.h"
 #include "Destinations.h"
-#include "ScratchProgram.h"
+#include "ProgramTest.h"
 #include "Settings.h"
 #include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
-class TestDestinations final : public QObject {
+class TestDestinations final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-  }
-  void cleanup() { m_program.reset(); }
-
   void extensionFollowsTheSetting();
   void names_data();
   void names();
@@ -43,7 +34,6 @@ class TestDestinations final : public QObject {
     info.fileName = QFileInfo(path).fileName();
     return info;
   }
-  std::unique_ptr<ScratchProgram> m_program;
 };
 
 void TestDestinations::extensionFollowsTheSetting() {

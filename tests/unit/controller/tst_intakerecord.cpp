@@ -1,13 +1,9 @@
-#include <QObject>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
 
 #include "Defaults.h"
-#include "FakeProber.h"
-#include "Intake.h"
-#include "ScratchProgram.h"
+#include "IntakeTest.h"
 #include "Settings.h"
 #include "WholeFile.h"
 
@@ -15,24 +11,10 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What intake makes of a probed movie: its subtitles and its track.
-class TestIntakeRecord final : public QObject {
+class TestIntakeRecord final : public IntakeTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-    m_prober = std::make_unique<FakeProber>();
-    m_intake = std::make_unique<Intake>(QStringList{u"ger"_s, u"eng"_s}, m_prober->function());
-  }
-  void cleanup() {
-    m_intake.reset();
-    m_prober->finishAll();
-    QTRY_COMPARE(m_prober->running(), 0);
-    m_program.reset();
-  }
-
   void subtitlesAloneDoNothingYet();
   void subFilesAreReadWithTheMovie();
   void pictureSubLeavesTheOthers();
@@ -51,13 +33,6 @@ class TestIntakeRecord final : public QObject {
   [[nodiscard]] QString write(const QString &name, const QByteArray &content) {
     return wholefile::made(m_program->path(name), content);
   }
-  void waitForShown(const QString &name) {
-    QTRY_COMPARE(m_intake->state(), Intake::State::Showing);
-    QCOMPARE(m_intake->fileInfo()->fileName, name);
-  }
-  std::unique_ptr<ScratchProgram> m_program;
-  std::unique_ptr<FakeProber> m_prober;
-  std::unique_ptr<Intake> m_intake;
 };
 
 void TestIntakeRecord::subtitlesAloneDoNothingYet() {

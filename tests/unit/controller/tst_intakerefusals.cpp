@@ -1,52 +1,25 @@
 #include <QList>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 
 #include "Exceptions.h"
-#include "FakeProber.h"
-#include "Intake.h"
-#include "ScratchProgram.h"
+#include "IntakeTest.h"
 #include "Settings.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Files that cannot be taken, and the others that go on.
-class TestIntakeRefusals final : public QObject {
+class TestIntakeRefusals final : public IntakeTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-    m_prober = std::make_unique<FakeProber>();
-    m_intake = std::make_unique<Intake>(QStringList{u"ger"_s, u"eng"_s}, m_prober->function());
-  }
-  void cleanup() {
-    m_intake.reset();
-    m_prober->finishAll();
-    QTRY_COMPARE(m_prober->running(), 0);
-    m_program.reset();
-  }
-
   void refusedFileIsNamedAndTheNextIsTaken();
   void refusedAlertsReachTheUser();
   void listenerMayOpenTheNextFileFromARefusal();
   void brokenReportNeverEndsTheBatch();
   void brokenReportsAreToldOneByOne();
-
- private:
-  void waitForShown(const QString &name) {
-    QTRY_COMPARE(m_intake->state(), Intake::State::Showing);
-    QCOMPARE(m_intake->fileInfo()->fileName, name);
-  }
-  std::unique_ptr<ScratchProgram> m_program;
-  std::unique_ptr<FakeProber> m_prober;
-  std::unique_ptr<Intake> m_intake;
 };
 
 void TestIntakeRefusals::refusedFileIsNamedAndTheNextIsTaken() {

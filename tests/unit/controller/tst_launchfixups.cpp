@@ -1,11 +1,9 @@
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 #include <QVariant>
 
 #include "Defaults.h"
 #include "LaunchFixups.h"
-#include "ScratchProgram.h"
+#include "ProgramTest.h"
 #include "Settings.h"
 
 using namespace Qt::StringLiterals;
@@ -13,17 +11,10 @@ using namespace decant;
 using ostrak::defaultInt;
 using ostrak::setDefaultInt;
 
-class TestLaunchFixups final : public QObject {
+class TestLaunchFixups final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-  }
-  void cleanup() { m_program.reset(); }
-
   void retiredValues_data();
   void retiredValues();
   void speedHint_data();
@@ -46,7 +37,6 @@ class TestLaunchFixups final : public QObject {
     m_program->restart();
     registerSettings();
   }
-  std::unique_ptr<ScratchProgram> m_program;
 };
 
 void TestLaunchFixups::retiredValues_data() {

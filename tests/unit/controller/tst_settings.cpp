@@ -1,13 +1,11 @@
 #include <QList>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSet>
 #include <QStringList>
 #include <QTest>
 #include <QVariant>
 
 #include "Defaults.h"
-#include "ScratchProgram.h"
+#include "ProgramTest.h"
 #include "Settings.h"
 
 using namespace Qt::StringLiterals;
@@ -58,17 +56,10 @@ constexpr qsizetype registeredCount = 32;
 
 }  // namespace
 
-class TestSettings final : public QObject {
+class TestSettings final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-  }
-  void cleanup() { m_program.reset(); }
-
   void tableHasEverySettingInItsOrder();
   void namesAreUnique();
   void unknownSettingIsNotFound();
@@ -78,9 +69,6 @@ class TestSettings final : public QObject {
   void text();
   void destinationsAreAsManyAsFolders();
   void textBecomesAValue();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
 };
 
 void TestSettings::tableHasEverySettingInItsOrder() {

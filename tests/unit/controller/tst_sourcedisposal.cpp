@@ -2,19 +2,15 @@
 
 #include <QDir>
 #include <QFile>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 
 #include "Dispatch.h"
+#include "DisposalTest.h"
 #include "Scenario.h"
-#include "ScratchProgram.h"
-#include "SourceDisposal.h"
 #include "TrashCan.h"
-#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -43,19 +39,10 @@ class SlowTrashCan final : public TrashCan {
 
 }  // namespace
 
-class TestSourceDisposal final : public QObject {
+class TestSourceDisposal final : public DisposalTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    m_request = DisposalRequest{
-        write(u"Film.mkv"_s, "source"), {}, {write(u"Film.m4v"_s, "output")}, 100, false};
-    m_request.identity = ostrak::fileIdentity(m_request.source);
-  }
-  void cleanup() { m_program.reset(); }
-
   void trashTakesTheSource();
   void deletingTakesTheSource();
   void keptSourceIsLogged();
@@ -65,19 +52,6 @@ class TestSourceDisposal final : public QObject {
   void mayGoWhileOneIsChecked();
   void waitsForTheMove();
   void leavesAMoveThatDoesNotEnd();
-
- private:
-  [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
-    return wholefile::made(m_program->path(name), bytes);
-  }
-  void playDuration(const char *duration) const {
-    Scenario scenario(m_program->path(u"bundle/resources/ffmpeg.scenario"_s));
-    scenario.probe().reportText(QByteArray("  Duration: ") + duration +
-                                ", start: 0.000000, bitrate: 10 kb/s\n");
-    QVERIFY(scenario.write());
-  }
-  std::unique_ptr<ScratchProgram> m_program;
-  DisposalRequest m_request;
 };
 
 void TestSourceDisposal::trashTakesTheSource() {

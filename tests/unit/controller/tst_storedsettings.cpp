@@ -1,12 +1,10 @@
 #include <QList>
-#include <QObject>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 #include <QVariant>
 
 #include "Defaults.h"
-#include "ScratchProgram.h"
+#include "ProgramTest.h"
 #include "Settings.h"
 
 using namespace Qt::StringLiterals;
@@ -22,17 +20,10 @@ int countOf(const QStringList &messages, const QString &part) {
 }  // namespace
 
 // Values that lie in the store, however they came there.
-class TestStoredSettings final : public QObject {
+class TestStoredSettings final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    registerSettings();
-  }
-  void cleanup() { m_program.reset(); }
-
   void outOfRangeReadsAsDefaultAndIsToldOnce();
   void valuesWithARuleOfTheirOwnAreReadAsTheyAre();
   void hugeStyleIsAnyOtherValue();
@@ -42,9 +33,6 @@ class TestStoredSettings final : public QObject {
   void choicesSurviveARestart();
   void everyConversionSettingIsRead();
   void everyCompletionSettingIsRead();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
 };
 
 // Told once a process, so each of these keys is used in this function only.

@@ -3,33 +3,19 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 
-#include "Scenario.h"
-#include "ScratchProgram.h"
-#include "SourceDisposal.h"
-#include "WholeFile.h"
+#include "DisposalTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What keeps a source after its conversion.
-class TestWhyKeepSource final : public QObject {
+class TestWhyKeepSource final : public DisposalTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    m_request = DisposalRequest{
-        write(u"Film.mkv"_s, "source"), {}, {write(u"Film.m4v"_s, "output")}, 100, false};
-    m_request.identity = ostrak::fileIdentity(m_request.source);
-  }
-  void cleanup() { m_program.reset(); }
-
   void lengths_data();
   void lengths();
   void goodOutputLetsTheSourceGo();
@@ -50,20 +36,9 @@ class TestWhyKeepSource final : public QObject {
   void lengthIsReadByTheTool();
 
  private:
-  [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const {
-    return wholefile::made(m_program->path(name), bytes);
-  }
   [[nodiscard]] QString whyKept(qint32 seconds = 100) const {
     return whyKeepSource(m_request, [seconds](const QUrl &) { return seconds; });
   }
-  void playDuration(const char *duration) const {
-    Scenario scenario(m_program->path(u"bundle/resources/ffmpeg.scenario"_s));
-    scenario.probe().reportText(QByteArray("  Duration: ") + duration +
-                                ", start: 0.000000, bitrate: 10 kb/s\n");
-    QVERIFY(scenario.write());
-  }
-  std::unique_ptr<ScratchProgram> m_program;
-  DisposalRequest m_request;
 };
 
 void TestWhyKeepSource::lengths_data() {
