@@ -4,29 +4,25 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpression>
 
 #include "AlertPlayer.h"
+#include "AlertTest.h"
 #include "OffscreenMain.h"
-#include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // The one control of a value alert: how it starts, how large it is, and that its value comes back
 // whatever is pressed.
-class TestAlertControls final : public QObject {
+class TestAlertControls final : public AlertTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support).*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    setAlertPresenter(&m_presenter);
+    AlertTest::init();
     m_size = QSize();
     m_start = QVariant();
   }
-  void cleanup() { m_program.reset(); }
 
   void checkbox_data() { endings(); }
   void checkbox();
@@ -68,8 +64,6 @@ class TestAlertControls final : public QObject {
       AlertPlayer::press(dialog, button);
     });
   }
-  std::unique_ptr<ScratchProgram> m_program;
-  WindowAlertPresenter m_presenter;
   const QStringList m_buttons{u"A"_s, u"B"_s, u"C"_s};
   QSize m_size;
   QVariant m_start;

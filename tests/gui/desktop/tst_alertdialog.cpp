@@ -1,27 +1,19 @@
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
 
 #include "AlertPlayer.h"
+#include "AlertTest.h"
 #include "Defaults.h"
 #include "OffscreenMain.h"
-#include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // Alerts as dialogs: texts, buttons, what closes them, and where they run.
-class TestAlertDialog final : public QObject {
+class TestAlertDialog final : public AlertTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support).*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    setAlertPresenter(&m_presenter);
-  }
-  void cleanup() { m_program.reset(); }
-
   void buttons_data();
   void buttons();
   void keysAndClosing_data();
@@ -30,10 +22,6 @@ class TestAlertDialog final : public QObject {
   void titleOfTheProgram();
   void picture();
   void namesForAssistiveTools();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
-  WindowAlertPresenter m_presenter;
 };
 
 void TestAlertDialog::buttons_data() {

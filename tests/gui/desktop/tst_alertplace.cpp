@@ -2,31 +2,21 @@
 #include <QWindow>
 
 #include "AlertPlayer.h"
+#include "AlertTest.h"
 #include "OffscreenMain.h"
-#include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // Where an alert comes up: seen, whatever the windows below are doing.
-class TestAlertPlace final : public QObject {
+class TestAlertPlace final : public AlertTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    m_program = std::make_unique<ScratchProgram>();
-    setAlertPresenter(&m_presenter);
-  }
-  void cleanup() { m_program.reset(); }
-
   void minimisedWindowComesBack();
   void raisedOnceItIsShown();
   void escapePresses_data();
   void escapePresses();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
-  WindowAlertPresenter m_presenter;
 };
 
 void TestAlertPlace::minimisedWindowComesBack() {

@@ -1,29 +1,21 @@
 #include <QLabel>
 #include <QProcess>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <thread>
 
 #include "AlertPlayer.h"
+#include "AlertTest.h"
 #include "Defaults.h"
 #include "OffscreenMain.h"
-#include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // Alerts from other threads, one after the other, silenced ones, and reports.
-class TestAlertsInOrder final : public QObject {
+class TestAlertsInOrder final : public AlertTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support).*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-    setAlertPresenter(&m_presenter);
-  }
-  void cleanup() { m_program.reset(); }
-
   void silencedForTheVersion();
   void silencedForEver();
   void comesAgainWithoutTheTick();
@@ -32,10 +24,6 @@ class TestAlertsInOrder final : public QObject {
   void fatalReportEndsTheProcess_data();
   void fatalReportEndsTheProcess();
   void nonfatalReportGoesOn();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
-  WindowAlertPresenter m_presenter;
 };
 
 void TestAlertsInOrder::silencedForTheVersion() {

@@ -4,34 +4,24 @@
 #include <QScrollArea>
 
 #include "AlertPlayer.h"
+#include "AlertTest.h"
 #include "AlertTexts.h"
 #include "OffscreenMain.h"
-#include "ScratchProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
 
 // Alerts with much to say stay on the screen, and everything in them can be read.
-class TestAlertTexts final : public QObject {
+class TestAlertTexts final : public AlertTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    m_program = std::make_unique<ScratchProgram>();
-    setAlertPresenter(&m_presenter);
-  }
-  void cleanup() { m_program.reset(); }
-
   void breaks_data();
   void breaks();
   void copiesWhatWasTold();
   void staysOnTheScreen_data();
   void staysOnTheScreen();
   void iconByKind();
-
- private:
-  std::unique_ptr<ScratchProgram> m_program;
-  WindowAlertPresenter m_presenter;
 };
 
 void TestAlertTexts::breaks_data() {
