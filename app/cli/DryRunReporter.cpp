@@ -13,21 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace decant {
 
-namespace {
-
-QJsonValue numberOrNull(std::optional<int> number) {
-  return number ? QJsonValue(*number) : QJsonValue(QJsonValue::Null);
-}
-
-}  // namespace
-
 void DryRunReporter::planned(const PlannedJob &job) {
   if (m_json) {
     m_output.write(jsonLine({{u"source"_s, job.source},
                              {u"destination"_s, job.destination},
-                             {u"method"_s, numberOrNull(job.method)},
+                             {u"method"_s, jsonNumber(job.method)},
                              {u"fastmode"_s, job.fastmode},
-                             {u"audioTrackIndex"_s, numberOrNull(job.audioTrackIndex)},
+                             {u"audioTrackIndex"_s, jsonNumber(job.audioTrackIndex)},
                              {u"arguments"_s, QJsonArray::fromStringList(job.arguments)}}));
     return;
   }

@@ -7,14 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace decant {
 
-namespace {
-
-QJsonValue numberOrNull(std::optional<double> number) {
-  return number ? QJsonValue(*number) : QJsonValue(QJsonValue::Null);
-}
-
-}  // namespace
-
 void JsonConvertReporter::write(const char *event, const JobLabel &job, QJsonObject fields) {
   fields.insert(u"event"_s, QString::fromLatin1(event));
   if (job.job > 0) fields.insert(u"job"_s, job.job);
@@ -33,7 +25,7 @@ void JsonConvertReporter::started(const JobLabel &job) {
 void JsonConvertReporter::progress(const JobLabel &job, std::optional<double> percent,
                                    std::optional<double> etaSeconds) {
   write("progress", job,
-        {{u"percent"_s, numberOrNull(percent)}, {u"etaSeconds"_s, numberOrNull(etaSeconds)}});
+        {{u"percent"_s, jsonNumber(percent)}, {u"etaSeconds"_s, jsonNumber(etaSeconds)}});
 }
 
 void JsonConvertReporter::finished(const JobLabel &job, const QString &destination,

@@ -21,14 +21,11 @@ QJsonObject jsonRecord(const MKVFileInfo &record) {
   QJsonArray subtitles;
   for (const int id : record.subtitleTrackIDs)
     subtitles.append(id);
-  const auto number = [](std::optional<int> value) {
-    return value ? QJsonValue(*value) : QJsonValue(QJsonValue::Null);
-  };
   return {{u"fileName"_s, record.fileName},
           {u"fileURL"_s, QString::fromLatin1(record.fileURL.toEncoded(QUrl::FullyEncoded))},
           {u"fileSize"_s, static_cast<qint64>(record.fileSize)},
-          {u"runtimeSeconds"_s, number(record.runtimeSeconds)},
-          {u"videoTrackID"_s, number(record.videoTrackID)},
+          {u"runtimeSeconds"_s, jsonNumber(record.runtimeSeconds)},
+          {u"videoTrackID"_s, jsonNumber(record.videoTrackID)},
           {u"audioTrackInformation"_s, audio},
           {u"subtitleTrackIDs"_s, subtitles},
           {u"informationString"_s, record.informationString}};
