@@ -211,6 +211,8 @@ void ConversionJob::taskFinished() {
 }
 
 void ConversionJob::succeed() {
+  if (saysSourceIsCutOff(m_jobOutput))
+    ostrak::postAlert(alertAbout(cutOffSourceText(m_fileInfo.fileName)));
   // Nobody asks any more, and a long queue has many that are finished.
   m_jobOutput.clear();
   m_arguments.clear();

@@ -28,11 +28,13 @@ enum Phrase : unsigned {
   NoTagForStream0,
   TrailerError,
   ClosingError,
+  EndsPrematurely,
+  PartialFile,
 };
 
 // ffmpeg's stream numbers are those of the output here, where the video always comes first: a
 // number other than 0 is the sound or a subtitle.
-constexpr std::array<std::string_view, 11> phrases{
+constexpr std::array<std::string_view, 13> phrases{
     "No space left on device",
     "Operation timed out",
     "Connection timed out",  // what this system says instead
@@ -44,6 +46,8 @@ constexpr std::array<std::string_view, 11> phrases{
     " in stream #0, codec not currently supported in container",
     "Error writing trailer",
     "Error closing file",
+    "File ended prematurely",  // Matroska
+    ": partial file",          // MP4, of each stream
 };
 constexpr size_t shortestPhrase = std::ranges::min(phrases, {}, &std::string_view::size).size();
 static_assert(std::ranges::all_of(phrases, [](std::string_view phrase) {
@@ -222,6 +226,17 @@ Diagnosis diagnose(const DiagnosisFacts &facts) {
 
 bool saysUnfinishedFile(const QString &jobOutput) {
   return (phrasesIn(jobOutput) & (bit(TrailerError) | bit(ClosingError))) != 0;
+}
+
+bool saysSourceIsCutOff(const QString &jobOutput) {
+  return (phrasesIn(jobOutput) & (bit(EndsPrematurely) | bit(PartialFile))) != 0;
+}
+
+QString cutOffSourceText(const QString &fileName) {
+  return ostrak::makeString(
+      localized(u"The file '%@' is incomplete: it ends in the middle of the movie. The new file "
+                "holds what there was. Please get the movie again if you want all of it."_s),
+      fileName);
 }
 
 }  // namespace decant

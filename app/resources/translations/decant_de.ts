@@ -2070,6 +2070,11 @@ Befehlszeile: %@
 Ausgabe des Befehls: %@</translation>
     </message>
     <message>
+        <location filename="../../../app/conversion/Diagnosis.cpp"/>
+        <source>The file '%@' is incomplete: it ends in the middle of the movie. The new file holds what there was. Please get the movie again if you want all of it.</source>
+        <translation>Die Datei „%@“ ist unvollständig: Sie endet mitten im Film. Die neue Datei enthält, was davon da war. Bitte den Film noch einmal beschaffen, wenn er ganz gebraucht wird.</translation>
+    </message>
+    <message>
         <location filename="../../../app/conversion/FreeSpace.cpp"/>
         <source>There is not enough free space on your target disk for conversion.</source>
         <translation>Auf dem Ziellaufwerk ist für die Umwandlung nicht genug Platz frei.</translation>

@@ -43,6 +43,8 @@ def make_samples(bundle, folder):
            "-map", "2", "-map", "3", *h264, "-c:a:0", "aac", "-c:a:1", "ac3", "-c:s", "srt",
            "-metadata:s:a:0", "language=ger", "-metadata:s:a:1", "language=eng", str(folder / "film.mkv"))
     ffmpeg(bundle, *picture(), *h264, str(folder / "silent.mkv"))
+    whole = (folder / "silent.mkv").read_bytes()
+    (folder / "cut.mkv").write_bytes(whole[:len(whole) * 6 // 10])
     ffmpeg(bundle, *picture("1936x64"), *tone(), *h264, "-c:a", "aac", str(folder / "wide.mkv"))
     ffmpeg(bundle, *picture(), "-c:v", "libvpx", str(folder / "old.webm"))
     for name in ("one.mkv", "two.mkv", ".hidden.mkv"):

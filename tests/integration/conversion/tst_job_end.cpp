@@ -81,6 +81,36 @@ class TestJobEnd final : public QObject {
             bench.outputs().isEmpty());
   }
 
+  void toldOfASourceThatIsCutOff_data() {
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<bool>("autoClean");
+    QTest::addColumn<qsizetype>("alerts");
+    const QByteArray cutOff = "[matroska,webm @ 0x1] File ended prematurely\n";
+    QTest::newRow("whole") << QByteArray("deprecated\n") << false << qsizetype(0);
+    QTest::newRow("cut off") << cutOff << false << qsizetype(1);
+    QTest::newRow("cut off and cleaned away") << cutOff << true << qsizetype(1);
+    QTest::newRow("cut off, in a flood")
+        << QByteArray(300'000, 'x') + '\n' + cutOff + QByteArray(300'000, 'y') + '\n'
+        << false << qsizetype(1);
+  }
+  void toldOfASourceThatIsCutOff() {
+    QFETCH(QByteArray, output);
+    QFETCH(bool, autoClean);
+    JobBench bench;
+    bench.controller.completion.AutoClean = autoClean;
+    bench.scenario.conversion().printError(output).exit(0);
+    QVERIFY(bench.scenario.write());
+    ConversionJob &job = bench.addJob();
+    QCOMPARE(job.start(), StartOutcome::launched);
+    QVERIFY(bench.waitForEnd(job));
+    // The new file has what there was, which is a success.
+    QCOMPARE(job.state(), JobStateFinished);
+    const QStringList told = bench.alertMessages();
+    QTEST(told.size(), "alerts");
+    for (const QString &message : told)
+      QVERIFY2(message.contains(u"'movie.mkv' is incomplete"), qPrintable(message));
+  }
+
   void endsOnlyAfterTheLastOutput() {
     JobBench bench;
     bench.scenario.conversion().printError("a\n").printError("b\n").exit(3);

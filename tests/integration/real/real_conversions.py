@@ -201,6 +201,22 @@ def oddities(program, folder):
         kinds = [event.get("kind") for event in events if event["event"] == "failed"]
         check(status == 1 and kinds == [kind] and events[-1]["finished"] == 1, f"{name}: {status} {events}")
         check(source.exists(), f"{name} is gone")
+    for name in ("cut.mkv", "cut.mp4"):
+        cut_off(program, make(program.ffmpeg, folder, Movie(name)))
+
+
+def cut_off(program, source):
+    """What there is of the movie is converted, and the user is told that it is not all."""
+    begun = source.with_name("begun" + source.suffix)
+    subprocess.run([program.ffmpeg, "-y", "-loglevel", "error", "-i", str(source), "-c", "copy", "-movflags",
+                    "faststart", str(begun)], check=True, stdin=subprocess.DEVNULL)
+    whole = begun.read_bytes()
+    source.write_bytes(whole[:len(whole) * 6 // 10])
+    for movie, alerts in ((begun, 0), (source, 1)):
+        events, status = program.convert([movie])
+        told = [event["message"] for event in events if event["event"] == "alert"]
+        check(status == 0 and len(told) == alerts and all(f"'{movie.name}' is incomplete" in text for text in told),
+              f"{movie.name}: {status} {events}")
 
 
 def main():

@@ -218,12 +218,30 @@ class TestDiagnosis : public QObject {
     QTEST(saysUnfinishedFile(output), "unfinished");
   }
 
+  void cutOffSource_data() {
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<bool>("cutOff");
+    QTest::newRow("nothing") << QString() << false;
+    QTest::newRow("damaged") << QString(readError + decodingError) << false;
+    QTest::newRow("a corrupt packet only") << u"Packet corrupt (stream = 1, dts = 9)."_s << false;
+    QTest::newRow("Matroska") << u"[matroska,webm @ 0x1] File ended prematurely"_s << true;
+    QTest::newRow("Matroska, of old")
+        << u"[matroska,webm @ 0x1] File ended prematurely at pos. 9 (0x9)"_s << true;
+    QTest::newRow("MP4") << u"[mov,mp4 @ 0x1] stream 0, offset 0xd12d: partial file"_s << true;
+  }
+  void cutOffSource() {
+    QFETCH(QString, output);
+    QTEST(saysSourceIsCutOff(output), "cutOff");
+  }
+
   // Every phrase of the rules is noticed in a line, each as one of its own.
   void tellingLines() {
     Phrases seen = 0;
     for (const QString &line :
          {noSpace, timedOut, u"Bad file descriptor"_s, readError, decodingError, u"USER_REMOVED"_s,
-          oldTag, newTag, u"Error writing trailer"_s, u"Error closing file"_s}) {
+          oldTag, newTag, u"Error writing trailer"_s, u"Error closing file"_s,
+          u"[matroska,webm @ 0x1] File ended prematurely at pos. 9 (0x9)"_s,
+          u"[mov,mp4 @ 0x1] stream 0, offset 0xd12d: partial file"_s}) {
       const Phrases phrases = tellingPhrases(line.toLatin1());
       QVERIFY2(phrases != 0 && (phrases & seen) == 0, qPrintable(line));
       seen |= phrases;
