@@ -3,14 +3,13 @@
 #include <QList>
 #include <QObject>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
 
 #include "BuildTree.h"
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 #include "WholeFile.h"
 
@@ -18,16 +17,10 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What is admitted to the queue, and what happens to jobs that cannot start.
-class TestAdmission final : public QObject {
+class TestAdmission final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void unwritableDestinationIsRefused_data();
   void unwritableDestinationIsRefused();
   void refusalCancelsTheIntake();
@@ -42,18 +35,6 @@ class TestAdmission final : public QObject {
   void missingToolFailsEachJob();
   void manyFailingJobsAreOneRound();
   void jobsStayInPlaceThroughRandomChanges();
-
- private:
-  AppDelegate::Admission admit(const QString &source, const QString &destination) {
-    return m_p->controller->addJob(m_p->job(source, destination));
-  }
-  [[nodiscard]] QStringList told() const {
-    QStringList messages;
-    for (const ostrak::Alert &alert : m_p->program.presenter().presented)
-      messages.append(alert.message);
-    return messages;
-  }
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestAdmission::unwritableDestinationIsRefused_data() {
@@ -91,7 +72,7 @@ void TestAdmission::refusalCancelsTheIntake() {
 }
 
 void TestAdmission::twoJobsNeverShareADestination() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   const QString out = m_p->path(u"out.m4v"_s);
   QCOMPARE(admit(m_p->movie(u"1.mkv"_s), out), AppDelegate::Admission::added);
   QCOMPARE(admit(m_p->movie(u"2.mkv"_s), out), AppDelegate::Admission::added);
@@ -102,7 +83,7 @@ void TestAdmission::twoJobsNeverShareADestination() {
 }
 
 void TestAdmission::claimEndsWithTheJob() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   ConversionJob *job = m_p->add(u"1.mkv"_s);
   const QString out = m_p->path(u"1.m4v"_s);
   QVERIFY(m_p->controller->claimedNames().isClaimed(out));
@@ -113,10 +94,10 @@ void TestAdmission::claimEndsWithTheJob() {
 }
 
 void TestAdmission::takenDestinationIsMadeUniqueAtTheStart() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   ConversionJob *job = m_p->add(u"1slow.mkv"_s);
   QVERIFY(wholefile::write(m_p->path(u"1slow.m4v"_s), "somebody else's"));
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   const ClaimedNames &claimed = m_p->controller->claimedNames();
   QVERIFY(claimed.isClaimed(m_p->path(u"1slow-0.m4v"_s)));
   QVERIFY(!claimed.isClaimed(m_p->path(u"1slow.m4v"_s)));
@@ -128,14 +109,14 @@ void TestAdmission::takenDestinationIsMadeUniqueAtTheStart() {
 }
 
 void TestAdmission::noRoomStaysQueuedAndTheNextIsTried() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   const ConversionJob *small = m_p->add(u"smallslow.mkv"_s);
   QFile large(m_p->movie(u"large.mkv"_s));
   QVERIFY(large.resize(1000));
   QCOMPARE(admit(large.fileName(), m_p->path(u"large.m4v"_s)), AppDelegate::Admission::added);
   m_p->volumes.free = 500;
   QSignalSpy noRoom(&m_p->queue(), &JobQueue::jobHadNoRoom);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(small->state(), JobStateConverting);
   QCOMPARE(noRoom.size(), 1);
   QCOMPARE(m_p->count(JobStateQueued), 1);
@@ -177,7 +158,7 @@ void TestAdmission::eachIsTriedOnceARound() {
 }
 
 void TestAdmission::listenerMayRemoveAJobWithoutRoom() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   for (const QString &name : {u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s})
     m_p->add(name);
   m_p->volumes.free = 0;
@@ -186,7 +167,7 @@ void TestAdmission::listenerMayRemoveAJobWithoutRoom() {
     if (job->fileInfo().fileName == u"2.mkv"_s) m_p->volumes.free = 1000;
     job->remove();
   });
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(m_p->names(), QStringList(u"1.mkv"_s));
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
 }
@@ -206,11 +187,11 @@ void TestAdmission::removedSourceIsPassedOver() {
 }
 
 void TestAdmission::missingToolFailsEachJob() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   m_p->add(u"1.mkv"_s);
   m_p->add(u"2.mkv"_s);
   m_p->program.setTool({});
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(m_p->count(JobStateFailed), 2);
   m_p->program.setTool(buildtree::scriptedTool());
   m_p->add(u"3.mkv"_s);
@@ -218,7 +199,7 @@ void TestAdmission::missingToolFailsEachJob() {
 }
 
 void TestAdmission::manyFailingJobsAreOneRound() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   constexpr int many = 100'000;
   const QString gone = m_p->path(u"gone.mkv"_s);
   for (int i = 0; i < many; ++i) {
@@ -226,13 +207,13 @@ void TestAdmission::manyFailingJobsAreOneRound() {
     QCOMPARE(admit(gone, destination), AppDelegate::Admission::added);
   }
   QCOMPARE(m_p->count(JobStateQueued), many);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(m_p->count(JobStateFailed), many);
   QCOMPARE(m_p->count(JobStateQueued), 0);
 }
 
 void TestAdmission::jobsStayInPlaceThroughRandomChanges() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   const quint32 seed = QRandomGenerator::global()->generate();
   qInfo("seed %u", seed);
   QRandomGenerator random(seed);

@@ -1,9 +1,8 @@
 #include <QFile>
-#include <QObject>
 #include <QTest>
 #include <QUrl>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 #include "Exceptions.h"
 #include "Probe.h"
@@ -13,12 +12,11 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What becomes of a record whose destination is asked for, agreed to, refused or gone.
-class TestDestinationAnswers final : public QObject {
+class TestDestinationAnswers final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init();
-  void cleanup() { m_p.reset(); }
 
   void aLateAnswerMakesTheJob();
   void aDeclinedRecordStaysShown();
@@ -44,12 +42,11 @@ class TestDestinationAnswers final : public QObject {
     m_p->intake().cancelAdd();
   }
 
-  std::unique_ptr<ControllerProgram> m_p;
   DestinationAnswer m_answer;  // of the question that is open
 };
 
 void TestDestinationAnswers::init() {
-  m_p = std::make_unique<ControllerProgram>();
+  ControllerTest::init();
   m_answer = {};
   chooseBy([this](const MKVFileInfo &, const ClaimedNames &, const DestinationAnswer &answer) {
     m_answer = answer;
@@ -109,7 +106,7 @@ void TestDestinationAnswers::filesWaitWhileTheUserIsAsked() {
 void TestDestinationAnswers::anAgreementHoldsForItsNameOnly() {
   const QString agreed = m_p->path(u"film.m4v"_s);
   const QString other = m_p->path(u"film-0.m4v"_s);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   auto first = m_p->job(m_p->movie(u"a.mkv"_s), agreed);
   QCOMPARE(m_p->controller->addJob(std::move(first)), Admission::added);
   show(u"b.mkv"_s);
@@ -117,7 +114,7 @@ void TestDestinationAnswers::anAgreementHoldsForItsNameOnly() {
   m_answer(Destination{QUrl::fromLocalFile(agreed), {}, true});
   QCOMPARE(m_p->queue().taskArray().at(0)->fileInfo().destinationURL.toLocalFile(), other);
   QVERIFY(wholefile::write(other, "another's"));
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QTRY_COMPARE(m_p->count(JobStateFinished), 2);
   QCOMPARE(wholefile::read(other), "another's");
 }
@@ -139,7 +136,7 @@ void TestDestinationAnswers::aDestinationThatIsGoneHoldsNothingUp() {
 
 void TestDestinationAnswers::accessEndsWithTheJob() {
   m_p->sandbox.granted = {m_p->program.root()};
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   show(u"a.mkv"_s);
   (void)m_p->controller->addToQueue();
   QVERIFY(m_p->sandbox.startAccess(m_p->program.root()));

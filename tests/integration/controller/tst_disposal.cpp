@@ -3,12 +3,10 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 
 using namespace Qt::StringLiterals;
@@ -16,19 +14,17 @@ using namespace decant;
 
 // What becomes of sources when "AutoRemove" is set. The scripted tool says of every output that it
 // plays 100 seconds, as long as the sources, but for a "…short.m4v".
-class TestDisposal final : public QObject {
+class TestDisposal final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
+    ControllerTest::init();
     m_p->scenario.probe(u"short.m4v"_s)
         .reportText("  Duration: 00:00:50.00, start: 0.000000, bitrate: 10 kb/s\n");
     QVERIFY(m_p->scenario.write());
     ostrak::setDefaultInt(u"AutoRemove"_s, 1);
   }
-  void cleanup() { m_p.reset(); }
 
   void withoutTheSettingTheSourceStays();
   void successMovesTheSourceToTheTrash();
@@ -62,7 +58,6 @@ class TestDisposal final : public QObject {
     return m_p->controller->addJob(std::move(job)) == AppDelegate::Admission::added ? added
                                                                                     : nullptr;
   }
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestDisposal::withoutTheSettingTheSourceStays() {
@@ -154,7 +149,7 @@ void TestDisposal::removalOfTheLastLetsTheSourceGo() {
   ConversionJob *waiting = add(source, u"waiting.m4v"_s);
   QCOMPARE(waiting->state(), JobStateQueued);
   m_p->volumes.free.reset();
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   ConversionJob *first = add(source, u"first.m4v"_s);
   first->continue_();
   m_p->volumes.free = 0;
@@ -185,7 +180,7 @@ void TestDisposal::oneFailureKeepsTheSource() {
   QFETCH(const QStringList, ends);
   ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
   const QString source = m_p->movie(u"film.mkv"_s);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QString last;
   for (const QString &end : ends) {
     const QString number = QString::number(m_p->names().size());
@@ -193,7 +188,7 @@ void TestDisposal::oneFailureKeepsTheSource() {
     QVERIFY(QFile::link(source, last));
     QVERIFY(add(last, number + u".m4v"_s) != nullptr);
   }
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   settle();
   const bool failed = ends.contains(u"fail"_s);
   QCOMPARE(m_p->count(JobStateFailed), static_cast<int>(ends.count(u"fail"_s)));
@@ -251,10 +246,10 @@ void TestDisposal::everyOutputIsLookedAt() {
   ostrak::setDefaultInt(u"InsertJobsAtBottom"_s, 1);
   ostrak::setDefaultInt(u"AutoRemoveType"_s, 1);
   const QString source = m_p->movie(u"1.mkv"_s);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   add(source, u"short.m4v"_s);
   add(source, u"whole.m4v"_s);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   settle();
   QCOMPARE(m_p->count(JobStateFinished), 2);
   QVERIFY(QFile::exists(source));

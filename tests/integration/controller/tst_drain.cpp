@@ -5,14 +5,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 #include "Settings.h"
 
@@ -20,16 +18,10 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // From intake into the queue, out of it again, and the end of the program.
-class TestDrain final : public QObject {
+class TestDrain final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void autoAddMakesJobsWithoutAClick();
   void withoutAutoAddTheRecordIsShown();
   void addToQueueNeedsARecord();
@@ -41,9 +33,6 @@ class TestDrain final : public QObject {
   void skippedLastFileStartsWhatWaits();
   void addingTwiceLosesNoFile_data();
   void addingTwiceLosesNoFile();
-
- private:
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestDrain::autoAddMakesJobsWithoutAClick() {
@@ -85,7 +74,7 @@ void TestDrain::addToQueueNeedsAFolderThatMayBeUsed() {
 }
 
 void TestDrain::chosenTrackAndSubtitleGoIntoTheJob() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   m_p->intake().openFiles({m_p->movie(u"two-tracks.mkv"_s), m_p->movie(u"two-tracks.srt"_s)});
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);
   QCOMPARE(m_p->intake().audioTrackIndex(), quint64(1));

@@ -4,13 +4,11 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 #include "Settings.h"
 
@@ -18,16 +16,10 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What the program does when it starts, and how it ends.
-class TestLaunchAndEnd final : public QObject {
+class TestLaunchAndEnd final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void quittingAsksOnlyWhileAJobConverts();
   void endRemovesEverythingAndLeavesNoOrphan();
   void endStartsNothing();
@@ -39,9 +31,6 @@ class TestLaunchAndEnd final : public QObject {
   void quitDoesNotComeWhileANewJobRuns();
   void launchRepairsAndTells();
   void launchTellsAboutTheSpeedHint();
-
- private:
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestLaunchAndEnd::quittingAsksOnlyWhileAJobConverts() {
@@ -57,7 +46,7 @@ void TestLaunchAndEnd::quittingAsksOnlyWhileAJobConverts() {
   QCOMPARE(question.title, u"Decant"_s);
   QCOMPARE(question.message, u"Conversion is in progresss. Are you sure you want to quit?"_s);
   QCOMPARE(question.buttons, QStringList({u"Quit"_s, u"Cancel"_s}));
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QVERIFY(m_p->controller->applicationShouldTerminate());
   QCOMPARE(m_p->program.presenter().presented.size(), 2);
 }

@@ -2,28 +2,20 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What a job reads is no other job's to write to, by whatever name.
-class TestProtectedFiles final : public QObject {
+class TestProtectedFiles final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void sourceAsDestinationIsRefused_data();
   void sourceAsDestinationIsRefused();
   void sourceOfAnotherJobIsRefused();
@@ -34,9 +26,6 @@ class TestProtectedFiles final : public QObject {
   void aMovieThatCameToTheNameIsSpared();
 
  private:
-  AppDelegate::Admission admit(const QString &source, const QString &destination) {
-    return m_p->controller->addJob(m_p->job(source, destination));
-  }
   // Queues a movie with the subtitle file of its name, whose path it returns.
   QString addWithSubtitles() {
     const QString subtitles = wholefile::made(m_p->path(u"1.srt"_s), "1\n");
@@ -46,13 +35,6 @@ class TestProtectedFiles final : public QObject {
     const bool added = shown && m_p->controller->addToQueue() == AppDelegate::Admission::added;
     return added ? subtitles : QString();
   }
-  [[nodiscard]] QStringList told() const {
-    QStringList messages;
-    for (const ostrak::Alert &alert : m_p->program.presenter().presented)
-      messages.append(alert.message);
-    return messages;
-  }
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestProtectedFiles::sourceAsDestinationIsRefused_data() {
@@ -104,7 +86,7 @@ void TestProtectedFiles::subtitleFileOfAnotherJobIsRefused_data() {
 
 void TestProtectedFiles::subtitleFileOfAnotherJobIsRefused() {
   QFETCH(const QString, destination);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   const QString subtitles = addWithSubtitles();
   QVERIFY(!subtitles.isNull());
   QVERIFY(QFile::link(subtitles, m_p->path(u"symbolic.m4v"_s)));
@@ -122,7 +104,7 @@ void TestProtectedFiles::subtitleFileOfAnotherJobIsRefused() {
 
 // The agreement was about the file that was there.
 void TestProtectedFiles::subtitleFileIsKeptWhereReplacingIsAgreed() {
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   auto job = m_p->job(m_p->movie(u"2.mkv"_s), m_p->movie(u"out.m4v"_s));
   ConversionJob &replacing = *job;
   replacing.setReplacesDestination(true);
@@ -147,7 +129,7 @@ void TestProtectedFiles::aMovieThatCameToTheNameIsSpared_data() {
 void TestProtectedFiles::aMovieThatCameToTheNameIsSpared() {
   QFETCH(const bool, there);
   const QString wanted = m_p->path(u"out.mp4"_s);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(admit(m_p->movie(u"1.mkv"_s), wanted), AppDelegate::Admission::added);
   m_p->intake().openFiles({m_p->movie(u"shown.mkv"_s), m_p->movie(u"out.mp4"_s)});
   QTRY_COMPARE(m_p->intake().state(), Intake::State::Showing);

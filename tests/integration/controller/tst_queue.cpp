@@ -1,27 +1,20 @@
 #include <QFile>
 #include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Order, pausing, titles: what runs and what waits while everything goes well.
-class TestQueue final : public QObject {
+class TestQueue final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void firstJobStartsBeforeItIsInTheList();
   void jobsAreInsertedAtTheTop();
   void jobsAreInsertedAtTheBottomWhenAsked();
@@ -37,10 +30,6 @@ class TestQueue final : public QObject {
   void titles();
   void titleIsToldWhenItChanges();
   void usagesAreCounted();
-
- private:
-  void pauseClick() { m_p->controller->pauseContinueClicked(true); }
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestQueue::firstJobStartsBeforeItIsInTheList() {

@@ -1,25 +1,17 @@
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Pausing and resuming the queue and single jobs.
-class TestQueuePause final : public QObject {
+class TestQueuePause final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void pausedQueueStartsNothing();
   void resumingByClickStartsExactlyOne();
   void pausedJobAheadIsResumedFirst();
@@ -34,10 +26,6 @@ class TestQueuePause final : public QObject {
   void heldQueueStartsNoNewJob();
   void heldQueueTellsWhoWantsIt();
   void releasedQueueGoesOn();
-
- private:
-  void pauseClick() { m_p->controller->pauseContinueClicked(true); }
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestQueuePause::pausedQueueStartsNothing() {

@@ -1,28 +1,20 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What the user wanted of one job or of the queue outlasts what happens beside it, and not longer.
-class TestQueueWishes final : public QObject {
+class TestQueueWishes final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
-  }
-  void cleanup() { m_p.reset(); }
-
   void aPausedJobStaysPausedWhenAFileIsShown();
   void aPausedJobStaysPausedWhenAFileIsSkipped();
   void aPausedJobStaysPausedWhenAFileIsRefused();
@@ -58,8 +50,6 @@ class TestQueueWishes final : public QObject {
     QCoreApplication::processEvents();
     QTRY_VERIFY(m_p->controller->disposal().isIdle());
   }
-
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestQueueWishes::aPausedJobStaysPausedWhenAFileIsShown() {
@@ -92,14 +82,14 @@ void TestQueueWishes::quitIsForgottenWithANewJob() {
   m_p->letGo();
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QTRY_COMPARE(m_p->notifier.posted.size(), 1);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QVERIFY(m_p->controller->addToQueue());
   // Something else comes and goes.
   show(u"3.mkv"_s);
   m_p->intake().cancelAdd();
   QCoreApplication::processEvents();
   QCOMPARE(m_p->quits, 0);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QTRY_COMPARE(m_p->quits, 1);
 }
 

@@ -4,13 +4,11 @@
 
 #include <QDir>
 #include <QFile>
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 #include <csignal>
 
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "File.h"
 #include "WholeFile.h"
 
@@ -18,12 +16,11 @@ using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What the user has agreed to replace is there until the job that replaces it starts.
-class TestReplacing final : public QObject {
+class TestReplacing final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init();
-  void cleanup() { m_p.reset(); }
 
   void theStartReplaces();
   void aJobTakenOffHasReplacedNothing();
@@ -41,20 +38,17 @@ class TestReplacing final : public QObject {
   void queueReplacing(const QString &movie = u"a.mkv"_s);
   [[nodiscard]] QString target() const { return m_p->path(u"old/out.m4v"_s); }
   [[nodiscard]] QByteArray found() const { return wholefile::read(target()); }
-
-  std::unique_ptr<ControllerProgram> m_p;
 };
 
 void TestReplacing::init() {
-  QTest::failOnWarning(QRegularExpression(u".*"_s));
-  m_p = std::make_unique<ControllerProgram>();
+  ControllerTest::init();
   AppServices services = m_p->services();
   services.destination = [this](const MKVFileInfo &, const ClaimedNames &,
                                 const DestinationAnswer &answer) {
     answer(Destination{QUrl::fromLocalFile(target()), {}, true});
   };
   m_p->restart(services);
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QVERIFY(QDir().mkpath(m_p->path(u"old"_s)));
   QVERIFY(wholefile::write(target(), "old"));
 }
@@ -69,7 +63,7 @@ void TestReplacing::theStartReplaces() {
   queueReplacing();
   QCOMPARE(m_p->count(JobStateQueued), 1);
   QCOMPARE(found(), "old");
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QCOMPARE(QDir(m_p->path(u"old"_s)).entryList(QDir::Files), QStringList(u"out.m4v"_s));
   QVERIFY(!found().isEmpty());
@@ -99,7 +93,7 @@ void TestReplacing::anObstacleAtTheStartReplacesNothing() {
   if (obstacle == "source"_L1) QVERIFY(QFile::remove(m_p->path(u"a.mkv"_s)));
   if (obstacle == "tool"_L1) m_p->program.setTool({});
   if (obstacle == "room"_L1) m_p->volumes.free = 0;
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QCOMPARE(m_p->count(state), 1);
   QTRY_COMPARE(m_p->program.presenter().presented.size(), 1);
   QCOMPARE(found(), "old");
@@ -111,7 +105,7 @@ void TestReplacing::whatCameInItsPlaceIsNotReplaced() {
   QCOMPARE(m_p->count(JobStateQueued), 1);
   QVERIFY(QFile::remove(target()));
   QVERIFY(wholefile::write(target(), "another program's"));
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QCOMPARE(found(), "another program's");
   QVERIFY(QFile::exists(m_p->path(u"old/out-0.m4v"_s)));
@@ -140,7 +134,7 @@ void TestReplacing::whatComesLaterIsNotReplaced() {
   QVERIFY(QFile::remove(target()));
   queueReplacing();
   QVERIFY(wholefile::write(target(), "another program's"));
-  m_p->controller->pauseContinueClicked(true);
+  pauseClick();
   QTRY_COMPARE(m_p->count(JobStateFinished), 1);
   QCOMPARE(found(), "another program's");
   QVERIFY(QFile::exists(m_p->path(u"old/out-0.m4v"_s)));
