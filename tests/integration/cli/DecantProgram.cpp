@@ -60,6 +60,13 @@ QList<QJsonObject> DecantOutcome::events(const QString &event) const {
   return found;
 }
 
+QStringList DecantOutcome::texts(const QString &event, QLatin1StringView key) const {
+  QStringList texts;
+  for (const QJsonObject &each : events(event))
+    texts.append(each.value(key).toString());
+  return texts;
+}
+
 QStringList DecantOutcome::story() const {
   QStringList story;
   for (const QJsonObject &object : objects()) {
@@ -121,6 +128,10 @@ QString DecantProgram::tempFolder() const {
 
 Scenario DecantProgram::scenario() const {
   return Scenario(tool() + u".scenario"_s);
+}
+
+QStringList DecantProgram::conversion(qsizetype index) const {
+  return scenario().arguments(u"conversion"_s).value(index);
 }
 
 void DecantProgram::setTool(const QString &path) const {

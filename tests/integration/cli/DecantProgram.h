@@ -22,6 +22,8 @@ struct DecantOutcome {
   [[nodiscard]] QList<QJsonObject> objects() const;
   // Those whose "event" is this.
   [[nodiscard]] QList<QJsonObject> events(const QString &event) const;
+  // The texts of this key in those events.
+  [[nodiscard]] QStringList texts(const QString &event, QLatin1StringView key) const;
   // "queued 1", "failed refused", "summary 1 2", … in order; without progress.
   [[nodiscard]] QStringList story() const;
 };
@@ -43,6 +45,8 @@ class DecantProgram final {
   [[nodiscard]] QString supportFolder() const;
   [[nodiscard]] QString tempFolder() const;
   [[nodiscard]] Scenario scenario() const;
+  // What the tool was called with by the conversion of this number.
+  [[nodiscard]] QStringList conversion(qsizetype index = 0) const;
   // Puts something else in the place of the tool; null takes it away.
   void setTool(const QString &path) const;
 

@@ -9,22 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList pathsIn(const QList<QJsonObject> &events, QLatin1StringView key) {
-  QStringList paths;
-  for (const QJsonObject &event : events)
-    paths.append(event.value(key).toString());
-  return paths;
-}
-
-// What the conversions were called with.
-QStringList conversionOf(const DecantProgram &program, qsizetype index = 0) {
-  return program.scenario().arguments(u"conversion"_s).value(index);
-}
-
-}  // namespace
-
 class TestCliConvert final : public QObject {
   Q_OBJECT
 
@@ -49,10 +33,10 @@ void TestCliConvert::runsInOrderNextToTheSources() {
       program.run({u"convert"_s, u"--json"_s, u"b.mkv"_s, u"a.mkv"_s, u"./c/c.MP4"_s});
   QCOMPARE(outcome.status, 0);
   QCOMPARE(outcome.error, QByteArray());
-  QCOMPARE(pathsIn(outcome.events(u"started"_s), "source"_L1),
+  QCOMPARE(outcome.texts(u"started"_s, "source"_L1),
            (QStringList{program.path(u"b.mkv"_s), program.path(u"a.mkv"_s),
                         program.path(u"./c/c.MP4"_s)}));
-  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+  QCOMPARE(outcome.texts(u"finished"_s, "destination"_L1),
            (QStringList{program.path(u"b.m4v"_s), program.path(u"a.m4v"_s),
                         program.path(u"./c/c.m4v"_s)}));
   QList<int> numbers;
@@ -91,7 +75,7 @@ void TestCliConvert::intoAFolder() {
   const DecantOutcome outcome =
       program.run({u"convert"_s, u"--json"_s, u"-o"_s, u"new/out/"_s, u"a.mkv"_s});
   QCOMPARE(outcome.status, 0);
-  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+  QCOMPARE(outcome.texts(u"finished"_s, "destination"_L1),
            QStringList{program.path(u"new/out/a.m4v"_s)});
   QCOMPARE(program.files(),
            (QStringList{u"a.mkv"_s, u"new/"_s, u"new/out/"_s, u"new/out/a.m4v"_s}));
@@ -104,7 +88,7 @@ void TestCliConvert::nothingIsOverwritten() {
   program.file(u"out/a.m4v"_s, "mine");
   const DecantOutcome outcome = program.run(
       {u"convert"_s, u"--json"_s, u"-o"_s, u"out"_s, u"1/a.mkv"_s, u"2/a.mp4"_s, u"out/a.m4v"_s});
-  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+  QCOMPARE(outcome.texts(u"finished"_s, "destination"_L1),
            (QStringList{program.path(u"out/a-0.m4v"_s), program.path(u"out/a-1.m4v"_s)}));
   QCOMPARE(wholefile::read(program.path(u"out/a.m4v"_s)), QByteArray("mine"));
 }
@@ -117,7 +101,7 @@ void TestCliConvert::settingsOfTheRun() {
                    u"ProduceStreamableFiles=1"_s, u"a.mkv"_s});
   QCOMPARE(outcome.status, 0);
   QVERIFY(program.files().contains(u"a.mp4"_s));
-  QVERIFY(conversionOf(program).contains(u"faststart"_s));
+  QVERIFY(program.conversion().contains(u"faststart"_s));
   for (const char *key : {"DefaultExtension", "ProduceStreamable", "InsertJobs", "AutoAdd"})
     QVERIFY2(!program.settings().contains(key), key);
   QCOMPARE(program.run({u"convert"_s, u"a.mkv"_s}).status, 0);
@@ -158,8 +142,8 @@ void TestCliConvert::audioTrack() {
   QCOMPARE(failed.value("source"_L1), program.path(u"one.mkv"_s));
   QVERIFY(failed.value("text"_L1).toString().contains(u"#5"_s));
   QVERIFY(failed.value("text"_L1).toString().contains(u"#1: eng (aac)"_s));
-  QVERIFY(conversionOf(program).contains(u"0:5"_s));
-  QVERIFY(!conversionOf(program).contains(u"0:3"_s));
+  QVERIFY(program.conversion().contains(u"0:5"_s));
+  QVERIFY(!program.conversion().contains(u"0:3"_s));
 }
 
 void TestCliConvert::namedSubtitle() {
@@ -170,8 +154,8 @@ void TestCliConvert::namedSubtitle() {
   const DecantOutcome outcome =
       program.run({u"convert"_s, u"--subtitle"_s, u"other.srt"_s, u"a.srt"_s, u"a.mkv"_s});
   QCOMPARE(outcome.status, 0);
-  QVERIFY(conversionOf(program).contains(program.path(u"other.srt"_s)));
-  QVERIFY(!conversionOf(program).contains(program.path(u"a.srt"_s)));
+  QVERIFY(program.conversion().contains(program.path(u"other.srt"_s)));
+  QVERIFY(!program.conversion().contains(program.path(u"a.srt"_s)));
 }
 
 void TestCliConvert::countsUsages() {

@@ -9,22 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList pathsIn(const QList<QJsonObject> &events, QLatin1StringView key) {
-  QStringList paths;
-  for (const QJsonObject &event : events)
-    paths.append(event.value(key).toString());
-  return paths;
-}
-
-// What the conversions were called with.
-QStringList conversionOf(const DecantProgram &program, qsizetype index = 0) {
-  return program.scenario().arguments(u"conversion"_s).value(index);
-}
-
-}  // namespace
-
 class TestCliFiles final : public QObject {
   Q_OBJECT
 
@@ -54,11 +38,10 @@ void TestCliFiles::subtitlesAmongTheFiles() {
       program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"b.mkv"_s, u"a.en.srt"_s, u"a.srt"_s,
                    u"b.sub"_s, u"z.srt"_s, u"pictures.sub"_s});
   // Known before the first movie, although they come after it; the exact stem goes first.
-  QVERIFY(conversionOf(program, 0).contains(program.path(u"a.srt"_s)));
-  QVERIFY(conversionOf(program, 1).contains(program.path(u"b.sub"_s)));
+  QVERIFY(program.conversion(0).contains(program.path(u"a.srt"_s)));
+  QVERIFY(program.conversion(1).contains(program.path(u"b.sub"_s)));
   QCOMPARE(outcome.status, 1);
-  QCOMPARE(pathsIn(outcome.events(u"failed"_s), "source"_L1),
-           QStringList{program.path(u"pictures.sub"_s)});
+  QCOMPARE(outcome.texts(u"failed"_s, "source"_L1), QStringList{program.path(u"pictures.sub"_s)});
   QCOMPARE(outcome.story().last(), u"summary 2 1"_s);
 }
 
@@ -77,7 +60,7 @@ void TestCliFiles::subtitlesHoweverTheyAreWritten() {
   program.file(u"a.mkv"_s);
   program.file(u"a.srt"_s);
   QCOMPARE(program.run({u"convert"_s, movie, subtitle}).status, 0);
-  QVERIFY(conversionOf(program).contains(program.path(subtitle)));
+  QVERIFY(program.conversion().contains(program.path(subtitle)));
 }
 
 void TestCliFiles::subtitlesBesideTheNamedOneAreTold() {
@@ -90,7 +73,7 @@ void TestCliFiles::subtitlesBesideTheNamedOneAreTold() {
   QCOMPARE(outcome.status, 0);
   QCOMPARE(outcome.error.count('\n'), 1);
   QVERIFY2(outcome.error.contains(program.path(u"a.srt"_s).toUtf8()), outcome.error.constData());
-  QVERIFY(conversionOf(program, 1).contains(program.path(u"x.srt"_s)));
+  QVERIFY(program.conversion(1).contains(program.path(u"x.srt"_s)));
 }
 
 void TestCliFiles::anEmptyNameIsASource() {
@@ -137,8 +120,8 @@ void TestCliFiles::folders() {
   for (const auto name :
        {"s/B.mkv"_L1, "s/a.mkv"_L1, "s/a/10.mkv"_L1, "s/a/2.mkv"_L1, "s/b.mkv"_L1, "s/e.mkv"_L1})
     expected.append(program.path(name));
-  QCOMPARE(pathsIn(outcome.events(u"started"_s), "source"_L1), expected);
-  QVERIFY(conversionOf(program, 3).contains(program.path(u"s/a/2.srt"_s)));
+  QCOMPARE(outcome.texts(u"started"_s, "source"_L1), expected);
+  QVERIFY(program.conversion(3).contains(program.path(u"s/a/2.srt"_s)));
 }
 
 void TestCliFiles::picturesInAFolderAreLeftOut() {
@@ -149,7 +132,7 @@ void TestCliFiles::picturesInAFolderAreLeftOut() {
   QCOMPARE(walked.status, 0);
   QCOMPARE(walked.error, QByteArray());
   QCOMPARE(walked.story().last(), u"summary 1 0"_s);
-  QVERIFY(!conversionOf(program).contains(pictures));
+  QVERIFY(!program.conversion().contains(pictures));
   // One that is named is meant.
   const DecantOutcome named =
       program.run({u"convert"_s, u"--json"_s, u"-r"_s, u"s"_s, u"s/a.sub"_s});
@@ -186,8 +169,8 @@ void TestCliFiles::oddNames() {
   QCOMPARE(outcome.output.count('\n'), 2);
   const QString made = stem + u".m4v"_s;
   QVERIFY(program.files().contains(made));
-  QVERIFY(conversionOf(program).contains(source));
-  QCOMPARE(conversionOf(program).last(), program.path(made));
+  QVERIFY(program.conversion().contains(source));
+  QCOMPARE(program.conversion().last(), program.path(made));
 }
 
 void TestCliFiles::invalidNamesInAFolder() {
@@ -209,7 +192,7 @@ void TestCliFiles::sameFileTwice() {
   program.file(u"a.mkv"_s);
   const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s, u"./a.mkv"_s});
   QCOMPARE(outcome.status, 0);
-  QCOMPARE(pathsIn(outcome.events(u"finished"_s), "destination"_L1),
+  QCOMPARE(outcome.texts(u"finished"_s, "destination"_L1),
            (QStringList{program.path(u"a.m4v"_s), program.path(u"./a-0.m4v"_s)}));
 }
 
