@@ -1,12 +1,10 @@
 #include <QComboBox>
 #include <QDir>
-#include <QObject>
 #include <QStringList>
 #include <QTest>
 
 #include "Defaults.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -14,17 +12,10 @@ using namespace decant;
 using State = Intake::State;
 
 // Where jobs go by the destination menu, and what happens when they cannot.
-class TestDestinationJobs final : public QObject {
+class TestDestinationJobs final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void sandboxAsksForTheFolder();
   void sandboxWithoutAnAnswerKeepsTheFileShown();
   void intoAFolder();
@@ -34,7 +25,6 @@ class TestDestinationJobs final : public QObject {
 
  private:
   [[nodiscard]] QComboBox &menu() { return *m_b->find<QComboBox>(u"destinationPopUp"_s); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestDestinationJobs::sandboxAsksForTheFolder() {

@@ -1,7 +1,6 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QListWidget>
-#include <QObject>
 #include <QPointF>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -11,24 +10,16 @@
 
 #include "Defaults.h"
 #include "DestinationPopUp.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The destination menus under keys and wheel, and what tells their folders apart.
-class TestDestinationMenus final : public QObject {
+class TestDestinationMenus final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void keysAndWheelPassTheCommandBy();
   void commandIsTakenFromTheOpenedMenu();
   void wheelNeedsTheFocus_data();
@@ -51,7 +42,6 @@ class TestDestinationMenus final : public QObject {
     for (int i = 0; tabs && i < tabs->count(); ++i)
       if (tabs->widget(i)->isAncestorOf(&control)) tabs->setCurrentIndex(i);
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestDestinationMenus::keysAndWheelPassTheCommandBy() {

@@ -15,8 +15,7 @@
 #include "VKRTFView.h"
 #include "VKWebView.h"
 #include "WholeFile.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -45,17 +44,15 @@ QString contents(const QString &path) {
 }  // namespace
 
 // The documentation and promotion windows, with the pages of the program in the text view.
-class TestDocumentation final : public QObject {
+class TestDocumentation final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
+    WindowTest::init();
     QVERIFY(QFile::link(folder(), m_b->program.library().resDir() + u"/documents"_s));
     QVERIFY(m_b->open());
   }
-  void cleanup() { m_b.reset(); }
 
   void tagsLeadToTheirTabs_data() {
     QTest::addColumn<QString>("command");
@@ -196,8 +193,6 @@ class TestDocumentation final : public QObject {
   [[nodiscard]] AuxiliaryWindows &auxiliary() { return m_b->desktop().auxiliary(); }
   [[nodiscard]] QWidget *documentation() { return auxiliary().documentationWindow(); }
   [[nodiscard]] QTabWidget &tabs() { return *documentation()->findChild<QTabWidget *>(); }
-
-  std::unique_ptr<WindowBench> m_b;
 };
 
 int main(int argc, char **argv) {

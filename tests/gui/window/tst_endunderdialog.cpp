@@ -1,34 +1,29 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QMetaObject>
-#include <QObject>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
 
 #include "../desktop/AlertPlayer.h"
 #include "Alerts.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // A signal ends the program whatever dialog is open, and leaves nothing half done behind.
-class TestEndUnderDialog final : public QObject {
+class TestEndUnderDialog final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
+    OpenWindowTest::init();
     QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
     QCOMPARE(m_b->count(JobStateConverting), 1);
     m_output = m_b->queue().taskArray().first()->fileInfo().destinationURL.toLocalFile();
     QVERIFY(QFile::exists(m_output));
   }
-  void cleanup() { m_b.reset(); }
 
   void underAnAlert_data();
   void underAnAlert();
@@ -40,7 +35,6 @@ class TestEndUnderDialog final : public QObject {
   void runLoop(const std::function<void()> &first);
   void ended();
 
-  std::unique_ptr<WindowBench> m_b;
   QString m_output;
   ostrak::WindowAlertPresenter m_dialogs;
 };

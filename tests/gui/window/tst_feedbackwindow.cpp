@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
-#include <QObject>
 #include <QPointer>
 #include <QStringList>
 #include <QTest>
@@ -10,23 +9,16 @@
 
 #include "Defaults.h"
 #include "Ostrak.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // When the feedback window comes: when somebody forces it, and never by itself.
-class TestFeedbackWindow final : public QObject {
+class TestFeedbackWindow final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-  }
-  void cleanup() { m_b.reset(); }
-
   void launchAndRunsOnlyCount();
   void allowingIsNotEnough();
   void forcedOne();
@@ -53,8 +45,6 @@ class TestFeedbackWindow final : public QObject {
     QTest::mouseClick(openOnes().first()->findChild<QWidget *>(name), Qt::LeftButton);
   }
   [[nodiscard]] static qint64 usages() { return ostrak::defaultInt(u"ostrak_usages"_s); }
-
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestFeedbackWindow::launchAndRunsOnlyCount() {

@@ -3,7 +3,6 @@
 #include <QFont>
 #include <QLabel>
 #include <QLayout>
-#include <QObject>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStringList>
@@ -13,24 +12,16 @@
 #include "Defaults.h"
 #include "ElidedLabel.h"
 #include "FilePanel.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The panel that shows the file being looked into or asked about.
-class TestFilePanel final : public QObject {
+class TestFilePanel final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void slidesInAndOut();
   void largerFontsGetWhatTheyNeed();
   void addButtonHasAirInAnyFont();
@@ -55,7 +46,6 @@ class TestFilePanel final : public QObject {
   }
   [[nodiscard]] QComboBox &audio() { return *m_b->find<QComboBox>(u"audioPopUp"_s); }
   [[nodiscard]] QPushButton &add() { return *m_b->find<QPushButton>(u"addButton"_s); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestFilePanel::slidesInAndOut() {

@@ -1,29 +1,24 @@
 #include <QAbstractItemModel>
 #include <QComboBox>
-#include <QObject>
 #include <QStringList>
 #include <QTest>
 #include <QWidget>
 
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The file panel and the keyboard.
-class TestFilePanelFocus final : public QObject {
+class TestFilePanelFocus final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
+    OpenWindowTest::init();
     m_b->app().pauseContinueClicked(true);
     QVERIFY(m_b->queueUp({u"first.mkv"_s}));
   }
-  void cleanup() { m_b.reset(); }
 
   void hiddenPanelIsOutOfReach();
   void addingGivesTheFocusToTheList();
@@ -33,7 +28,6 @@ class TestFilePanelFocus final : public QObject {
 
  private:
   [[nodiscard]] QWidget &list() { return *m_b->find<QWidget>(u"jobList"_s); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestFilePanelFocus::hiddenPanelIsOutOfReach() {

@@ -7,7 +7,6 @@
 #include <QHelpEvent>
 #include <QList>
 #include <QMenu>
-#include <QObject>
 #include <QPalette>
 #include <QPoint>
 #include <QRect>
@@ -19,23 +18,16 @@
 #include <QWidget>
 
 #include "JobRows.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The buttons of the rows, the keys, the context menu, and how rows look.
-class TestJobList final : public QObject {
+class TestJobList final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void pauseAndContinue();
   void convertNow();
   void arrowReveals();
@@ -51,7 +43,6 @@ class TestJobList final : public QObject {
 
  private:
   [[nodiscard]] JobRows list() { return JobRows(*m_b); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobList::pauseAndContinue() {

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QList>
 #include <QMenu>
-#include <QObject>
 #include <QPoint>
 #include <QRect>
 #include <QStringList>
@@ -13,23 +12,16 @@
 #include <QTimer>
 
 #include "JobRows.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The keys, the context menu, and the actions that follow the selection.
-class TestJobListKeys final : public QObject {
+class TestJobListKeys final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void keys();
   void deleteRemovesTheSelection();
   void keysNeedTheList();
@@ -39,7 +31,6 @@ class TestJobListKeys final : public QObject {
  private:
   [[nodiscard]] JobRows list() { return JobRows(*m_b); }
   [[nodiscard]] QAction &action(const QString &name) { return *m_b->find<QAction>(name); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobListKeys::keys() {

@@ -19,23 +19,16 @@
 
 #include "JobListModel.h"
 #include "JobRows.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The queue as rows, and what an update of a job repaints.
-class TestJobListModel final : public QObject {
+class TestJobListModel final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void rowsFollowTheQueue();
   void dataOfARow();
   void foreignIndexesHoldNothing();
@@ -54,7 +47,6 @@ class TestJobListModel final : public QObject {
       found.append(model().index(i, 0).data().toString());
     return found;
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobListModel::rowsFollowTheQueue() {

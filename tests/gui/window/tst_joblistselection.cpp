@@ -1,7 +1,6 @@
 #include <QAction>
 #include <QItemSelectionModel>
 #include <QList>
-#include <QObject>
 #include <QPoint>
 #include <QRect>
 #include <QStringList>
@@ -11,24 +10,16 @@
 #include "JobListModel.h"
 #include "JobListView.h"
 #include "JobRowLayout.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Several selected jobs at once, and the keys and buttons of the list.
-class TestJobListSelection final : public QObject {
+class TestJobListSelection final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void removingAllStartsNone();
   void removingTheFirstTwoStartsTheThird();
   void pausingSeveralPausesWhatRuns();
@@ -62,7 +53,6 @@ class TestJobListSelection final : public QObject {
     return found;
   }
   [[nodiscard]] qsizetype starts() const { return m_b->sleepInhibitor.reasons().size(); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobListSelection::removingAllStartsNone() {

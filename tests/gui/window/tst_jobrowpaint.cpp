@@ -1,30 +1,26 @@
 #include <QColor>
 #include <QImage>
-#include <QObject>
 #include <QPalette>
 #include <QRect>
 #include <QTest>
 
 #include "Defaults.h"
 #include "JobRows.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What is painted in a row of the job list, in light and dark, selected and mirrored.
-class TestJobRowPaint final : public QObject {
+class TestJobRowPaint final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
+    OpenWindowTest::init();
     QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
     QTRY_COMPARE(m_b->queue().taskArray().first()->progress(), 10.0);
   }
-  void cleanup() { m_b.reset(); }
 
   void barIsSeen_data();
   void barIsSeen();
@@ -49,7 +45,6 @@ class TestJobRowPaint final : public QObject {
     const double darker = qMin(luminance(a), luminance(b));
     return (lighter + 0.05) / (darker + 0.05);
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestJobRowPaint::barIsSeen_data() {

@@ -1,28 +1,23 @@
 #include <QDir>
-#include <QObject>
 #include <QTest>
 
 #include "Defaults.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The save panel holds the extension, whatever name a person types.
-class TestSavePanel final : public QObject {
+class TestSavePanel final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
+    OpenWindowTest::init();
     m_b->app().pauseContinueClicked(true);
     QVERIFY(m_b->show(u"in/Film.mkv"_s));
     QVERIFY(m_b->click(u"addButton"_s));
   }
-  void cleanup() { m_b.reset(); }
 
   void holdsTheExtension_data();
   void holdsTheExtension();
@@ -37,8 +32,6 @@ class TestSavePanel final : public QObject {
     const auto &jobs = m_b->queue().taskArray();
     return jobs.isEmpty() ? QString() : jobs.first()->fileInfo().destinationURL.toLocalFile();
   }
-
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestSavePanel::holdsTheExtension_data() {

@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <QList>
 #include <QListWidget>
-#include <QObject>
 #include <QSet>
 #include <QSpinBox>
 #include <QStringList>
@@ -14,8 +13,7 @@
 #include "Ostrak.h"
 #include "Settings.h"
 #include "WholeFile.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -57,17 +55,14 @@ int shownBy(const QWidget &control) {
 }  // namespace
 
 // Every setting has its control, and every control its effect.
-class TestSettingControls final : public QObject {
+class TestSettingControls final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
+    OpenWindowTest::init();
     QVERIFY(m_b->trigger(u"preferencesAction"_s));
   }
-  void cleanup() { m_b.reset(); }
 
   void everySettingHasAControl();
   void everyControlNamesASetting();
@@ -100,7 +95,6 @@ class TestSettingControls final : public QObject {
     }
     return found;
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestSettingControls::everySettingHasAControl() {

@@ -2,30 +2,22 @@
 #include <QCheckBox>
 #include <QColor>
 #include <QList>
-#include <QObject>
 #include <QPalette>
 #include <QStringList>
 #include <QTest>
 #include <QWidget>
 
 #include "Defaults.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The control of the conversion style and its three panels.
-class TestStylePanel final : public QObject {
+class TestStylePanel final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-  }
-  void cleanup() { m_b.reset(); }
-
   void storedStyleIsShown_data();
   void storedStyleIsShown();
   void choosing_data();
@@ -53,7 +45,6 @@ class TestStylePanel final : public QObject {
       if (m_b->find<QAbstractButton>(names.at(i))->isChecked()) found.append(i);
     return found;
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestStylePanel::storedStyleIsShown_data() {

@@ -2,7 +2,6 @@
 #include <QImage>
 #include <QJsonValue>
 #include <QList>
-#include <QObject>
 #include <QPalette>
 #include <QSize>
 #include <QStringList>
@@ -13,24 +12,17 @@
 #include "Ostrak.h"
 #include "ThemeIcon.h"
 #include "WholeFile.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What the window and the desktop tell each other: title, pause texts, launcher, notifications,
 // links, and what is said once at the start.
-class TestWindowDesktop final : public QObject {
+class TestWindowDesktop final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-  }
-  void cleanup() { m_b.reset(); }
-
   void titleCounts();
   void pauseAndResume();
   void pausedJobLiftsTheMarkWhenContinued();
@@ -56,7 +48,6 @@ class TestWindowDesktop final : public QObject {
     const QPalette palette = m_b->window().palette();
     return ostrak::themeIcon(u"none-of-this-name"_s, shipped, palette).pixmap(24).toImage();
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestWindowDesktop::titleCounts() {

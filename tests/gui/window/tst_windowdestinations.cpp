@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QListWidget>
-#include <QObject>
 #include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
@@ -11,24 +10,16 @@
 
 #include "Defaults.h"
 #include "PreferencesWindow.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The two destination menus and the list of folders.
-class TestWindowDestinations final : public QObject {
+class TestWindowDestinations final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void fourItemsWithoutFolders();
   void addingFromTheMainWindowOnlySelects();
   void emptyListSaysSo();
@@ -61,7 +52,6 @@ class TestWindowDestinations final : public QObject {
     return found;
   }
   [[nodiscard]] static qint64 stored() { return ostrak::defaultInt(u"DefaultDestination"_s); }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestWindowDestinations::fourItemsWithoutFolders() {

@@ -1,29 +1,20 @@
 #include <QCoreApplication>
-#include <QObject>
 #include <QTest>
 #include <QTimer>
 
 #include "../desktop/AlertPlayer.h"
 #include "Defaults.h"
 #include "WholeFile.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Ends that come by themselves: with the desktop's session, and after the last conversion.
-class TestWindowEnds final : public QObject {
+class TestWindowEnds final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void sessionKeepsWhatIsToBeKept_data();
   void sessionKeepsWhatIsToBeKept();
   void sessionAsksOnce_data();
@@ -40,7 +31,6 @@ class TestWindowEnds final : public QObject {
     return wholefile::read(m_b->path(u"config/org.decant.Decant.conf"_s));
   }
 
-  std::unique_ptr<WindowBench> m_b;
   ostrak::WindowAlertPresenter m_dialogs;
 };
 

@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QList>
 #include <QMimeData>
-#include <QObject>
 #include <QPoint>
 #include <QPushButton>
 #include <QStringList>
@@ -17,8 +16,7 @@
 
 #include "Defaults.h"
 #include "DropMark.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -27,17 +25,10 @@ using State = Intake::State;
 
 // The ways of files into the window: drag, paste, the open panel, a second start; and that none of
 // them is lost.
-class TestWindowIntake final : public QObject {
+class TestWindowIntake final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void drags_data();
   void drags();
   void dropShowsItsPlace();
@@ -69,7 +60,6 @@ class TestWindowIntake final : public QObject {
     }
     return names;
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestWindowIntake::drags_data() {

@@ -1,31 +1,27 @@
 #include <QDir>
-#include <QObject>
 #include <QStringList>
 #include <QTest>
 #include <csignal>
 
 #include "Alerts.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The program's folder is moved while the window is open. What is noticed when is tested with the
 // handler; here is what the window answers.
-class TestWindowMoved final : public QObject {
+class TestWindowMoved final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
+    WindowTest::init();
     QVERIFY(m_b->instance.claim());
     m_b->scenario.conversion(u"still.mkv"_s).progressAt(10).announce(u"running"_s).hang();
     QVERIFY(m_b->scenario.write());
     QVERIFY(m_b->open());
   }
-  void cleanup() { m_b.reset(); }
 
   void restartsAtTheNewPlace();
   void asksWhileAJobConverts_data();
@@ -43,7 +39,6 @@ class TestWindowMoved final : public QObject {
     return QTest::qWaitFor([&] { return m_b->presented().size() >= count; }, 30'000);
   }
 
-  std::unique_ptr<WindowBench> m_b;
   QStringList m_places;
 };
 

@@ -1,27 +1,19 @@
-#include <QObject>
 #include <QSemaphore>
 #include <QTest>
 
 #include "Dispatch.h"
 #include "Patience.h"
 #include "ProgressSheet.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The sheet over the main window while a person has to wait.
-class TestWindowPatience final : public QObject {
+class TestWindowPatience final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-  }
-  void cleanup() { m_b.reset(); }
-
   void sheetWhileItTakesLong();
   void noSheetForQuickWork();
   void endsUnderTheSheet();
@@ -38,7 +30,6 @@ class TestWindowPatience final : public QObject {
         [this](int result) { m_result = result; });
   }
 
-  std::unique_ptr<WindowBench> m_b;
   std::shared_ptr<QSemaphore> m_go = std::make_shared<QSemaphore>();
   int m_result = 0;
 };

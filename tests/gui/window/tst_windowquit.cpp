@@ -1,7 +1,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QMetaObject>
-#include <QObject>
 #include <QStringList>
 #include <QTest>
 #include <QTimer>
@@ -9,24 +8,16 @@
 #include "Alerts.h"
 #include "Defaults.h"
 #include "WholeFile.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // The ways in which the program ends.
-class TestWindowQuit final : public QObject {
+class TestWindowQuit final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-    QVERIFY(m_b->open());
-  }
-  void cleanup() { m_b.reset(); }
-
   void endsTheEventLoop_data();
   void endsTheEventLoop();
   void asksWhileAJobConverts_data();
@@ -37,9 +28,6 @@ class TestWindowQuit final : public QObject {
   void settingsAreFlushed();
   void signalDoesNotAsk();
   void lastConversionQuitsWhenWanted();
-
- private:
-  std::unique_ptr<WindowBench> m_b;
 };
 
 void TestWindowQuit::endsTheEventLoop_data() {

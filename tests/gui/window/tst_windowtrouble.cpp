@@ -1,31 +1,23 @@
 #include <QDir>
 #include <QFile>
 #include <QList>
-#include <QObject>
 #include <QStringList>
 #include <QTest>
 #include <csignal>
 
 #include "JobListModel.h"
 #include "JobRows.h"
-#include "WindowBench.h"
-#include "WindowTestMain.h"
+#include "WindowTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // What goes wrong around a running conversion, seen in the window: the row says so, and the queue
 // goes on.
-class TestWindowTrouble final : public QObject {
+class TestWindowTrouble final : public WindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    failOnWindowWarning();
-    m_b = std::make_unique<WindowBench>();
-  }
-  void cleanup() { m_b.reset(); }
-
   void diskUnpluggedWhileRunning();
   void toolKilledFromOutside_data();
   void toolKilledFromOutside();
@@ -53,7 +45,6 @@ class TestWindowTrouble final : public QObject {
   [[nodiscard]] bool failedInWords(int row) {
     return status(row).startsWith(u"Status: Failed   Click the arrow"_s);
   }
-  std::unique_ptr<WindowBench> m_b;
 };
 
 // Source and output lie on the disk.
