@@ -2,6 +2,7 @@
 
 #include "ConversionMethod.h"
 #include "ConversionTool.h"
+#include "CutOffSource.h"
 #include "Defaults.h"
 #include "FailureExplanation.h"
 #include "FileRevealer.h"
@@ -211,8 +212,9 @@ void ConversionJob::taskFinished() {
 }
 
 void ConversionJob::succeed() {
-  if (saysSourceIsCutOff(m_jobOutput))
-    ostrak::postAlert(alertAbout(cutOffSourceText(m_fileInfo.fileName)));
+  const bool cutOff = saysSourceIsCutOff(m_jobOutput);
+  // Before the end is told: nobody may wait for alerts after it.
+  if (cutOff) tellOfCutOffSource(source());
   // Nobody asks any more, and a long queue has many that are finished.
   m_jobOutput.clear();
   m_arguments.clear();
@@ -220,7 +222,7 @@ void ConversionJob::succeed() {
   setState(JobStateFinished);
   const CompletionSettings settings = m_ad.completionSettings();
   if (settings.AutoClean) remove();
-  if (settings.AutoRemove) m_ad.disposeOfSource(*this, settings.AutoRemoveType != 0);
+  if (settings.AutoRemove && !cutOff) m_ad.disposeOfSource(*this, settings.AutoRemoveType != 0);
 }
 
 void ConversionJob::fail(JobRun &run) {

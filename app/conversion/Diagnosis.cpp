@@ -29,12 +29,13 @@ enum Phrase : unsigned {
   TrailerError,
   ClosingError,
   EndsPrematurely,
+  AtOffset,
   PartialFile,
 };
 
 // ffmpeg's stream numbers are those of the output here, where the video always comes first: a
 // number other than 0 is the sound or a subtitle.
-constexpr std::array<std::string_view, 13> phrases{
+constexpr std::array<std::string_view, 14> phrases{
     "No space left on device",
     "Operation timed out",
     "Connection timed out",  // what this system says instead
@@ -46,8 +47,9 @@ constexpr std::array<std::string_view, 13> phrases{
     " in stream #0, codec not currently supported in container",
     "Error writing trailer",
     "Error closing file",
-    "File ended prematurely",  // Matroska
-    ": partial file",          // MP4, of each stream
+    "] File ended prematurely",  // Matroska; behind the demuxer's name, so it is no path
+    ", offset 0x",               // MP4, in one line with the next
+    ": partial file",
 };
 constexpr size_t shortestPhrase = std::ranges::min(phrases, {}, &std::string_view::size).size();
 static_assert(std::ranges::all_of(phrases, [](std::string_view phrase) {
@@ -229,14 +231,9 @@ bool saysUnfinishedFile(const QString &jobOutput) {
 }
 
 bool saysSourceIsCutOff(const QString &jobOutput) {
-  return (phrasesIn(jobOutput) & (bit(EndsPrematurely) | bit(PartialFile))) != 0;
-}
-
-QString cutOffSourceText(const QString &fileName) {
-  return ostrak::makeString(
-      localized(u"The file '%@' is incomplete: it ends in the middle of the movie. The new file "
-                "holds what there was. Please get the movie again if you want all of it."_s),
-      fileName);
+  const Phrases found = phrasesIn(jobOutput);
+  constexpr Phrases ofMP4 = bit(AtOffset) | bit(PartialFile);
+  return (found & bit(EndsPrematurely)) != 0 || (found & ofMP4) == ofMP4;
 }
 
 }  // namespace decant

@@ -49,12 +49,10 @@ struct Diagnosis {
 // not be completed.
 [[nodiscard]] bool saysUnfinishedFile(const QString &jobOutput);
 
-// Whether the output says that the source ends in the middle: ffmpeg converts what there is and
-// calls it a success. Matroska and MP4 are known by it; others do not say how long they ought to
-// be.
+// Whether the output says that the source ends before the movie does: ffmpeg converts what there is
+// and calls it a success. Known of Matroska, and of MP4 with its index in front; an MP4 that has
+// lost its index cannot be read at all, and other kinds do not say how long they ought to be.
 [[nodiscard]] bool saysSourceIsCutOff(const QString &jobOutput);
-// What the user is told of such a source, in their language.
-[[nodiscard]] QString cutOffSourceText(const QString &fileName);
 
 // A set of the phrases that a diagnosis looks for, one bit each.
 using Phrases = quint32;

@@ -1212,6 +1212,7 @@
         <location filename="../../../app/controller/DestinationRoad.cpp"/>
         <location filename="../../../app/controller/SourceDisposal.cpp"/>
         <location filename="../../../app/conversion/ConversionJob.cpp"/>
+        <location filename="../../../app/conversion/CutOffSource.cpp"/>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <location filename="../../../app/probe/ProbeAlerts.cpp"/>
         <location filename="../../../app/window/MainWindow.cpp"/>
@@ -2019,6 +2020,11 @@ Endet mit 0, mit 1, wenn sich die Einstellungen nicht schreiben lassen, und mit
         <translation>Die Datei „%@“ kann nicht umgewandelt werden, weil das Werkzeug „%@“ fehlt oder nicht ausgeführt werden kann. Bitte ffmpeg installieren oder %@ neu installieren.</translation>
     </message>
     <message>
+        <location filename="../../../app/conversion/CutOffSource.cpp"/>
+        <source>The file '%@' is incomplete: it ends before the movie does. The new file holds what there was. Please get the movie again if you want all of it.</source>
+        <translation>Die Datei „%@“ ist unvollständig: Sie hört auf, bevor der Film zu Ende ist. Die neue Datei enthält, was davon da war. Bitte den Film noch einmal beschaffen, wenn er ganz gebraucht wird.</translation>
+    </message>
+    <message>
         <location filename="../../../app/conversion/Diagnosis.cpp"/>
         <source>Conversion Failed</source>
         <translation>Umwandlung fehlgeschlagen</translation>
@@ -2068,11 +2074,6 @@ Command-output: %@</source>
 
 Befehlszeile: %@
 Ausgabe des Befehls: %@</translation>
-    </message>
-    <message>
-        <location filename="../../../app/conversion/Diagnosis.cpp"/>
-        <source>The file '%@' is incomplete: it ends in the middle of the movie. The new file holds what there was. Please get the movie again if you want all of it.</source>
-        <translation>Die Datei „%@“ ist unvollständig: Sie endet mitten im Film. Die neue Datei enthält, was davon da war. Bitte den Film noch einmal beschaffen, wenn er ganz gebraucht wird.</translation>
     </message>
     <message>
         <location filename="../../../app/conversion/FreeSpace.cpp"/>

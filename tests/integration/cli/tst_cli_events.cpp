@@ -19,6 +19,7 @@ class TestCliEvents final : public QObject {
   void failuresOfARun_data();
   void failuresOfARun();
   void alertsBelongToTheirFile();
+  void sourceThatIsCutOffIsTold();
   void silencedAlertsStaySilent();
   void refusedFiles();
   void brokenReportIsToldOnce();
@@ -165,6 +166,24 @@ void TestCliEvents::alertsBelongToTheirFile() {
   QCOMPARE(outcome.story().first(), u"queued 1"_s);
   QCOMPARE(outcome.story().last(), u"summary 1 0"_s);
   QVERIFY(!program.settings().contains("_asked=1"));
+}
+
+void TestCliEvents::sourceThatIsCutOffIsTold() {
+  const DecantProgram program;
+  const QString source = program.file(u"a.mkv"_s);
+  program.scenario()
+      .conversion()
+      .printError("[mov,mp4 @ 0x1] stream 0, offset 0xd12d: partial file\n")
+      .exit(0)
+      .write();
+  const DecantOutcome outcome = program.run({u"convert"_s, u"--json"_s, u"a.mkv"_s});
+  QCOMPARE(outcome.status, 0);
+  const QList<QJsonObject> alerts = outcome.events(u"alert"_s);
+  QCOMPARE(alerts.size(), 1);
+  QCOMPARE(alerts.first().value("identifier"_L1), u"incompletesourcewarning"_s);
+  QCOMPARE(alerts.first().value("source"_L1), source);
+  QVERIFY(alerts.first().value("message"_L1).toString().contains(u"'a.mkv' is incomplete"_s));
+  QCOMPARE(outcome.events(u"finished"_s).size(), 1);
 }
 
 void TestCliEvents::silencedAlertsStaySilent() {

@@ -33,6 +33,7 @@ class TestDisposal final : public ControllerTest {
   void failureKeepsTheSource();
   void removalKeepsTheSource();
   void shortOutputKeepsTheSource();
+  void sourceThatIsCutOffStays();
   void anotherJobOnTheSourceIsWaitedFor_data();
   void anotherJobOnTheSourceIsWaitedFor();
   void removalOfTheLastLetsTheSourceGo();
@@ -112,6 +113,20 @@ void TestDisposal::shortOutputKeepsTheSource() {
   settle();
   QVERIFY(QFile::exists(m_p->path(u"short.mkv"_s)));
   QVERIFY(m_p->program.logged().join(u'\n').contains(u"stays: "_s));
+}
+
+// Its output is as long as the source says it is, within what the check allows.
+void TestDisposal::sourceThatIsCutOffStays() {
+  ostrak::setDefaultInt(u"AutoRemoveType"_s, 1);
+  m_p->scenario.conversion(u"cut.mkv"_s)
+      .printError("[matroska,webm @ 0x1] File ended prematurely\n")
+      .exit(0);
+  QVERIFY(m_p->scenario.write());
+  const ConversionJob *job = m_p->add(u"cut.mkv"_s);
+  settle();
+  QCOMPARE(job->state(), JobStateFinished);
+  QVERIFY(QFile::exists(m_p->path(u"cut.mkv"_s)));
+  QVERIFY(m_p->program.logged().join(u'\n').contains(u"cut.mkv ends before its movie, and stays"));
 }
 
 void TestDisposal::anotherJobOnTheSourceIsWaitedFor_data() {

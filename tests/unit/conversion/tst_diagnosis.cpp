@@ -224,6 +224,10 @@ class TestDiagnosis : public QObject {
     QTest::newRow("nothing") << QString() << false;
     QTest::newRow("damaged") << QString(readError + decodingError) << false;
     QTest::newRow("a corrupt packet only") << u"Packet corrupt (stream = 1, dts = 9)."_s << false;
+    QTest::newRow("a path with those words, of Matroska")
+        << u"/x/File ended prematurely.mkv: corrupt input packet in stream 1"_s << false;
+    QTest::newRow("a path with those words, of MP4")
+        << u"/x/a: partial file.mp4: corrupt input packet in stream 1"_s << false;
     QTest::newRow("Matroska") << u"[matroska,webm @ 0x1] File ended prematurely"_s << true;
     QTest::newRow("Matroska, of old")
         << u"[matroska,webm @ 0x1] File ended prematurely at pos. 9 (0x9)"_s << true;
@@ -241,7 +245,7 @@ class TestDiagnosis : public QObject {
          {noSpace, timedOut, u"Bad file descriptor"_s, readError, decodingError, u"USER_REMOVED"_s,
           oldTag, newTag, u"Error writing trailer"_s, u"Error closing file"_s,
           u"[matroska,webm @ 0x1] File ended prematurely at pos. 9 (0x9)"_s,
-          u"[mov,mp4 @ 0x1] stream 0, offset 0xd12d: partial file"_s}) {
+          u"stream 0, offset 0xd12d"_s, u"stream 0: partial file"_s}) {
       const Phrases phrases = tellingPhrases(line.toLatin1());
       QVERIFY2(phrases != 0 && (phrases & seen) == 0, qPrintable(line));
       seen |= phrases;
