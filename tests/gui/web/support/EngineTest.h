@@ -11,7 +11,7 @@
 class EngineTest : public QObject {
   Q_OBJECT
 
- private Q_SLOTS:
+ protected Q_SLOTS:
   void init() {
     failOnEngineWarning();
     m_b = std::make_unique<EngineBench>();
