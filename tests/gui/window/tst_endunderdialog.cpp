@@ -17,20 +17,18 @@ class TestEndUnderDialog final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    OpenWindowTest::init();
-    QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
-    QCOMPARE(m_b->count(JobStateConverting), 1);
-    m_output = m_b->queue().taskArray().first()->fileInfo().destinationURL.toLocalFile();
-    QVERIFY(QFile::exists(m_output));
-  }
-
   void underAnAlert_data();
   void underAnAlert();
   void underAPanel();
   void alertWhoseWindowGoes();
 
  private:
+  void furnish() override {
+    QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
+    QCOMPARE(m_b->count(JobStateConverting), 1);
+    m_output = m_b->queue().taskArray().first()->fileInfo().destinationURL.toLocalFile();
+    QVERIFY(QFile::exists(m_output));
+  }
   // Runs the event loop as the program does; `first` is called in it.
   void runLoop(const std::function<void()> &first);
   void ended();

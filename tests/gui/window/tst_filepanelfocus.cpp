@@ -14,12 +14,6 @@ class TestFilePanelFocus final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    OpenWindowTest::init();
-    m_b->app().pauseContinueClicked(true);
-    QVERIFY(m_b->queueUp({u"first.mkv"_s}));
-  }
-
   void hiddenPanelIsOutOfReach();
   void addingGivesTheFocusToTheList();
   void skippingGivesTheFocusToTheList();
@@ -27,6 +21,10 @@ class TestFilePanelFocus final : public OpenWindowTest {
   void audioMenuIsNotFilledByItsOwnChoice();
 
  private:
+  void furnish() override {
+    m_b->app().pauseContinueClicked(true);
+    QVERIFY(m_b->queueUp({u"first.mkv"_s}));
+  }
   [[nodiscard]] QWidget &list() { return *m_b->find<QWidget>(u"jobList"_s); }
 };
 

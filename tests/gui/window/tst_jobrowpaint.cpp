@@ -16,16 +16,14 @@ class TestJobRowPaint final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    OpenWindowTest::init();
-    QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
-    QTRY_COMPARE(m_b->queue().taskArray().first()->progress(), 10.0);
-  }
-
   void barIsSeen_data();
   void barIsSeen();
 
  private:
+  void furnish() override {
+    QVERIFY(m_b->queueUp({u"slow.mkv"_s}));
+    QTRY_COMPARE(m_b->queue().taskArray().first()->progress(), 10.0);
+  }
   [[nodiscard]] JobRows list() { return JobRows(*m_b); }
   [[nodiscard]] QImage row() {
     QImage image(list().view().viewport()->size(), QImage::Format_RGB32);

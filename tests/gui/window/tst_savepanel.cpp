@@ -12,13 +12,6 @@ class TestSavePanel final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    OpenWindowTest::init();
-    m_b->app().pauseContinueClicked(true);
-    QVERIFY(m_b->show(u"in/Film.mkv"_s));
-    QVERIFY(m_b->click(u"addButton"_s));
-  }
-
   void holdsTheExtension_data();
   void holdsTheExtension();
   void asksBeforeItReplaces();
@@ -28,6 +21,11 @@ class TestSavePanel final : public OpenWindowTest {
   void unwritableSettingsAreTold();
 
  private:
+  void furnish() override {
+    m_b->app().pauseContinueClicked(true);
+    QVERIFY(m_b->show(u"in/Film.mkv"_s));
+    QVERIFY(m_b->click(u"addButton"_s));
+  }
   [[nodiscard]] QString destination() {
     const auto &jobs = m_b->queue().taskArray();
     return jobs.isEmpty() ? QString() : jobs.first()->fileInfo().destinationURL.toLocalFile();

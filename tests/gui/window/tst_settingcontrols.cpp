@@ -59,11 +59,6 @@ class TestSettingControls final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    OpenWindowTest::init();
-    QVERIFY(m_b->trigger(u"preferencesAction"_s));
-  }
-
   void everySettingHasAControl();
   void everyControlNamesASetting();
   void controlsShowWhatIsStored_data() { keys(); }
@@ -80,6 +75,7 @@ class TestSettingControls final : public OpenWindowTest {
   void closingThePreferencesFlushes();
 
  private:
+  void furnish() override { QVERIFY(m_b->trigger(u"preferencesAction"_s)); }
   static void keys() {
     QTest::addColumn<QString>("key");
     for (const Setting &setting : settingsTable()) {

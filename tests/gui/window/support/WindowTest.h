@@ -21,7 +21,7 @@ class WindowTest : public QObject {
   std::unique_ptr<WindowBench> m_b;
 };
 
-// The same, with the window open.
+// The same, with the window open; without one, a function is not run.
 class OpenWindowTest : public WindowTest {
   Q_OBJECT
 
@@ -29,5 +29,10 @@ class OpenWindowTest : public WindowTest {
   void init() {
     WindowTest::init();
     QVERIFY(m_b->open());
+    furnish();
   }
+
+ protected:
+  // What the functions of a class begin with, when the window is open.
+  virtual void furnish() {}
 };
