@@ -110,8 +110,9 @@ void TestWebViewEngine::scrollsAsItWasTold() {
   view->setDisableScrolling(disabled);
   QVERIFY(m_b->show(view));
   QTEST(m_b->engine.page(local())->setup().scrolls, "scrolls");
-  // The zoom is forgotten with the first page; that it was there is not.
+  // A factor that zooms is forgotten with the first page; that it was there is not.
   QVERIFY(m_b->arrives(local()));
+  QTEST(view->zoomFactor().has_value(), "keepsFactor");
   QTEST(m_b->engine.page(online())->setup().scrolls, "scrolls");
 }
 

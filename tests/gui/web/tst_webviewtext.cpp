@@ -106,7 +106,7 @@ class TestWebViewText final : public PageTest {
     QTRY_VERIFY(bar->maximum() > 0);
     QTest::keyClick(view->textView(), Qt::Key_PageDown);
     QTEST(bar->value() > 0, "scrolls");
-    QCOMPARE(view->zoomFactor().has_value(), factor.isValid() && factor != QVariant(0.9));
+    QTEST(view->zoomFactor().has_value(), "keepsFactor");
   }
 
   void zoomsLetters_data() {
