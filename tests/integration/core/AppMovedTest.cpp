@@ -1,9 +1,10 @@
 #include "AppMovedTest.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
+
+#include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace ostrak;
@@ -52,9 +53,7 @@ void AppMovedTest::make(const QString &name) const {
 }
 
 void AppMovedTest::write(const QString &name) const {
-  QFile file(path(name));
-  QVERIFY(file.open(QIODevice::Append));
-  QCOMPARE(file.write("x"), 1);
+  QVERIFY(wholefile::write(path(name), "x"));
 }
 
 void AppMovedTest::move(const QString &from, const QString &to) const {
