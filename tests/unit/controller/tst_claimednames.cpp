@@ -1,27 +1,19 @@
 #include <unistd.h>
 
 #include <QFile>
-#include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 
 #include "Destinations.h"
-#include "ScratchProgram.h"
+#include "ProgramTest.h"
 #include "WholeFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
-class TestClaimedNames final : public QObject {
+class TestClaimedNames final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
-  }
-  void cleanup() { m_program.reset(); }
-
   void claimedNamesAreNotFree();
   void numbersGoOnWhileNamesAreClaimed();
   void numbersBeginAnewWithoutClaims();
@@ -40,7 +32,6 @@ class TestClaimedNames final : public QObject {
   [[nodiscard]] QString file(const QString &name) const {
     return wholefile::made(m_program->path(name));
   }
-  std::unique_ptr<ScratchProgram> m_program;
 };
 
 void TestClaimedNames::claimedNamesAreNotFree() {

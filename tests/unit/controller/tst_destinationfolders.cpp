@@ -1,8 +1,6 @@
 #include <QDir>
 #include <QFile>
 #include <QList>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
@@ -11,8 +9,8 @@
 #include "Defaults.h"
 #include "DestinationFolders.h"
 #include "Exceptions.h"
+#include "ProgramTest.h"
 #include "Sandbox.h"
-#include "ScratchProgram.h"
 #include "Settings.h"
 
 using namespace Qt::StringLiterals;
@@ -21,19 +19,17 @@ using namespace decant;
 using Addition = DestinationFolders::Addition;
 using Opened = DestinationFolders::Opened;
 
-class TestDestinationFolders final : public QObject {
+class TestDestinationFolders final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_program = std::make_unique<ScratchProgram>();
+    ProgramTest::init();
     m_sandbox = std::make_unique<FakeSandbox>();
-    registerSettings();
   }
   void cleanup() {
     m_folders.reset();
-    m_program.reset();
+    ProgramTest::cleanup();
   }
 
   void startsWithEverythingOutsideASandbox();
@@ -68,7 +64,6 @@ class TestDestinationFolders final : public QObject {
     m_sandbox->granted.insert(m_program->path(name));
     return m_program->path(name);
   }
-  std::unique_ptr<ScratchProgram> m_program;
   std::unique_ptr<FakeSandbox> m_sandbox;
   std::unique_ptr<DestinationFolders> m_folders;
 };

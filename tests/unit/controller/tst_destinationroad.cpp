@@ -1,35 +1,21 @@
 #include <unistd.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
-#include <QList>
-#include <QObject>
-#include <QRegularExpression>
-#include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
 
-#include "Defaults.h"
-#include "Exceptions.h"
-#include "RoadBench.h"
+#include "RoadTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // From an entry of the destination menu to the output's file.
-class TestDestinationRoad final : public RoadBench {
+class TestDestinationRoad final : public RoadTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    begin();
-  }
-  void cleanup() { end(); }
-
   void asksEachTime();
   void replacesWhatTheUserAgreedTo();
   void leavesWhatAJobHasClaimed();

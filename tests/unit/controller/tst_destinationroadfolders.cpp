@@ -1,35 +1,23 @@
-#include <unistd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QList>
-#include <QObject>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
 
-#include "Defaults.h"
 #include "Exceptions.h"
-#include "RoadBench.h"
+#include "RoadTest.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
 
 // Folders of the menu: the way into them, and new ones.
-class TestDestinationRoadFolders final : public RoadBench {
+class TestDestinationRoadFolders final : public RoadTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    begin();
-  }
-  void cleanup() { end(); }
-
   void intoAFolder();
   void intoAFolderThatIsGone();
   void separatorsAndCommandChooseNothing_data();

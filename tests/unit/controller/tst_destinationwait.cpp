@@ -1,7 +1,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QList>
-#include <QObject>
 #include <QSemaphore>
 #include <QStringList>
 #include <QTest>
@@ -16,9 +15,8 @@
 #include "FakePanels.h"
 #include "GuardedApplication.h"
 #include "Patience.h"
+#include "ProgramTest.h"
 #include "Sandbox.h"
-#include "ScratchProgram.h"
-#include "Settings.h"
 
 using namespace Qt::StringLiterals;
 using namespace decant;
@@ -35,7 +33,7 @@ class RecordingPatience final : public ostrak::PatiencePresenter {
 }  // namespace
 
 // Folders that take their time: nothing waits for them but the worker that looks.
-class TestDestinationWait final : public QObject {
+class TestDestinationWait final : public ProgramTest {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -59,7 +57,6 @@ class TestDestinationWait final : public QObject {
   void choose(int index);
   bool open() { return m_looked.tryAcquire(1, 20000); }
 
-  std::unique_ptr<ScratchProgram> m_program;
   FakeSandbox m_sandbox;
   std::unique_ptr<FakePanels> m_panels;
   std::unique_ptr<ClaimedNames> m_claimed;
@@ -73,13 +70,12 @@ class TestDestinationWait final : public QObject {
 };
 
 void TestDestinationWait::init() {
-  m_program = std::make_unique<ScratchProgram>();
+  ProgramTest::init();
   m_panels = std::make_unique<FakePanels>();
   m_claimed = std::make_unique<ClaimedNames>();
   m_sandbox.active = false;
   m_answers.clear();
   m_patience.seen.clear();
-  registerSettings();
   ostrak::setPatiencePresenter(&m_patience);
   m_folders = std::make_unique<DestinationFolders>(m_sandbox);
   QDir(m_program->root()).mkpath(u"movies"_s);
@@ -103,7 +99,7 @@ void TestDestinationWait::cleanup() {
   }
   m_road.reset();
   m_folders.reset();
-  m_program.reset();
+  ProgramTest::cleanup();
 }
 
 void TestDestinationWait::choose(int index) {
