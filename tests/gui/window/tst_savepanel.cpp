@@ -1,4 +1,8 @@
 #include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QStringList>
 #include <QTest>
 
 #include "Defaults.h"
@@ -7,11 +11,14 @@
 using namespace Qt::StringLiterals;
 using namespace decant;
 
-// The save panel holds the extension, whatever name a person types.
+// The panel that asks for the output: what it suggests, holds and takes.
 class TestSavePanel final : public OpenWindowTest {
   Q_OBJECT
 
  private Q_SLOTS:
+  void suggestsAndTakes();
+  void cancelledKeepsTheFileShown();
+  void sourceAsTargetIsRefused();
   void holdsTheExtension_data();
   void holdsTheExtension();
   void asksBeforeItReplaces();
@@ -31,6 +38,44 @@ class TestSavePanel final : public OpenWindowTest {
     return jobs.isEmpty() ? QString() : jobs.first()->fileInfo().destinationURL.toLocalFile();
   }
 };
+
+void TestSavePanel::suggestsAndTakes() {
+  QTRY_VERIFY(m_b->panel());
+  QFileDialog &panel = *m_b->panel();
+  QCOMPARE(panel.acceptMode(), QFileDialog::AcceptSave);
+  QCOMPARE(panel.directory().absolutePath(), m_b->path(u"in"_s));
+  QCOMPARE(panel.selectedFiles(), QStringList{m_b->path(u"in/Film.m4v"_s)});
+  QCOMPARE(panel.defaultSuffix(), u"m4v"_s);
+  QVERIFY(panel.nameFilters().first().endsWith(u"(*.m4v)"_s));
+  QCOMPARE(panel.windowModality(), Qt::WindowModal);
+  QVERIFY(m_b->answerPanel(m_b->path(u"out.m4v"_s)));
+  QCOMPARE(m_b->names(), QStringList{u"Film.mkv"_s});
+  QCOMPARE(destination(), m_b->path(u"out.m4v"_s));
+}
+
+void TestSavePanel::cancelledKeepsTheFileShown() {
+  QVERIFY(m_b->cancelPanel());
+  QCOMPARE(m_b->intake().state(), Intake::State::Showing);
+  QVERIFY(m_b->names().isEmpty());
+  QVERIFY(m_b->find<QPushButton>(u"addButton"_s)->isEnabled());
+  QVERIFY(m_b->click(u"addButton"_s));
+  QVERIFY(m_b->answerPanel(m_b->path(u"out.m4v"_s)));
+  QCOMPARE(m_b->names(), QStringList{u"Film.mkv"_s});
+}
+
+void TestSavePanel::sourceAsTargetIsRefused() {
+  QVERIFY(m_b->cancelPanel());
+  QVERIFY(m_b->click(u"skipButton"_s));
+  ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
+  QVERIFY(m_b->show(u"Film.mp4"_s));
+  QVERIFY(m_b->click(u"addButton"_s));
+  QVERIFY(m_b->answerPanel(m_b->path(u"Film.mp4"_s)));
+  QTRY_COMPARE(m_b->presented().size(), 1);
+  QCOMPARE(m_b->presented().first().buttons, QStringList{u"D'oh"_s});
+  QVERIFY(QFile::exists(m_b->path(u"Film.mp4"_s)));
+  QVERIFY(m_b->names().isEmpty());
+  QCOMPARE(m_b->intake().state(), Intake::State::Showing);
+}
 
 void TestSavePanel::holdsTheExtension_data() {
   QTest::addColumn<QString>("typed");

@@ -2,13 +2,11 @@
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
-#include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QList>
 #include <QMimeData>
 #include <QPoint>
-#include <QPushButton>
 #include <QStringList>
 #include <QTest>
 #include <QUrl>
@@ -45,9 +43,6 @@ class TestWindowIntake final : public OpenWindowTest {
   void filesArriveWhileAsking();
   void everyFileInOrder();
   void autoAddNeedsNoClick();
-  void savePanelSuggestsAndTakes();
-  void cancelledSavePanelKeepsTheFileShown();
-  void sourceAsTargetIsRefused();
   void refusedFileDoesNotStopTheNext();
 
  private:
@@ -249,48 +244,6 @@ void TestWindowIntake::autoAddNeedsNoClick() {
   QTRY_VERIFY(m_b->intake().isIdle());
   QCOMPARE(m_b->names(), QStringList({u"a.mkv"_s, u"b.mkv"_s}));
   QVERIFY(!m_b->panel());
-}
-
-void TestWindowIntake::savePanelSuggestsAndTakes() {
-  m_b->app().pauseContinueClicked(true);
-  QVERIFY(m_b->show(u"in/Film.mkv"_s));
-  QVERIFY(m_b->click(u"addButton"_s));
-  QTRY_VERIFY(m_b->panel());
-  QFileDialog &panel = *m_b->panel();
-  QCOMPARE(panel.acceptMode(), QFileDialog::AcceptSave);
-  QCOMPARE(panel.directory().absolutePath(), m_b->path(u"in"_s));
-  QCOMPARE(panel.selectedFiles(), QStringList{m_b->path(u"in/Film.m4v"_s)});
-  QCOMPARE(panel.defaultSuffix(), u"m4v"_s);
-  QVERIFY(panel.nameFilters().first().endsWith(u"(*.m4v)"_s));
-  QCOMPARE(panel.windowModality(), Qt::WindowModal);
-  QVERIFY(m_b->answerPanel(m_b->path(u"out.m4v"_s)));
-  QCOMPARE(m_b->names(), QStringList{u"Film.mkv"_s});
-  QCOMPARE(m_b->queue().taskArray().first()->fileInfo().destinationURL.toLocalFile(),
-           m_b->path(u"out.m4v"_s));
-}
-
-void TestWindowIntake::cancelledSavePanelKeepsTheFileShown() {
-  QVERIFY(m_b->show(u"Film.mkv"_s));
-  QVERIFY(m_b->click(u"addButton"_s));
-  QVERIFY(m_b->cancelPanel());
-  QCOMPARE(m_b->intake().state(), State::Showing);
-  QVERIFY(m_b->names().isEmpty());
-  QVERIFY(m_b->find<QPushButton>(u"addButton"_s)->isEnabled());
-  QVERIFY(m_b->click(u"addButton"_s));
-  QVERIFY(m_b->answerPanel(m_b->path(u"out.m4v"_s)));
-  QCOMPARE(m_b->names(), QStringList{u"Film.mkv"_s});
-}
-
-void TestWindowIntake::sourceAsTargetIsRefused() {
-  ostrak::setDefaultInt(u"DefaultExtension"_s, 0);
-  QVERIFY(m_b->show(u"Film.mp4"_s));
-  QVERIFY(m_b->click(u"addButton"_s));
-  QVERIFY(m_b->answerPanel(m_b->path(u"Film.mp4"_s)));
-  QTRY_COMPARE(m_b->presented().size(), 1);
-  QCOMPARE(m_b->presented().first().buttons, QStringList{u"D'oh"_s});
-  QVERIFY(QFile::exists(m_b->path(u"Film.mp4"_s)));
-  QVERIFY(m_b->names().isEmpty());
-  QCOMPARE(m_b->intake().state(), State::Showing);
 }
 
 void TestWindowIntake::refusedFileDoesNotStopTheNext() {
