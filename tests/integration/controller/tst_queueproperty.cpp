@@ -7,13 +7,12 @@
 #include <QObject>
 #include <QPointer>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QSet>
 #include <QStringList>
 #include <QTest>
 
 #include "BuildTree.h"
-#include "ControllerProgram.h"
+#include "ControllerTest.h"
 #include "Defaults.h"
 
 using namespace Qt::StringLiterals;
@@ -22,20 +21,19 @@ using namespace decant;
 // Drives random events through the whole controller and holds after each of them that at most one
 // job runs, that something runs or nothing can, that nothing is lost from the list and that the
 // counts are right. Each run prints its seed; DECANT_SEED repeats one.
-class TestQueueProperty final : public QObject {
+class TestQueueProperty final : public ControllerTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_p = std::make_unique<ControllerProgram>();
+    ControllerTest::init();
     m_known.clear();
     m_next = 0;
     m_pausedAlone = nullptr;
   }
   void cleanup() {
     m_p->controller->applicationWillTerminate();
-    m_p.reset();
+    ControllerTest::cleanup();
   }
 
   void randomEvents_data();
@@ -56,7 +54,7 @@ class TestQueueProperty final : public QObject {
     m_p->volumes.free.reset();
     m_p->controller->startNextJobInQueue();
   }
-  void pauseQueue() { m_p->controller->pauseContinueClicked(true); }
+  void pauseQueue() { pauseClick(); }
   void pauseOne();
   void resumeOne();
   void removeOne();
@@ -73,7 +71,6 @@ class TestQueueProperty final : public QObject {
   [[nodiscard]] QString whatIsWrong();
   void watch(ConversionJob *job);
 
-  std::unique_ptr<ControllerProgram> m_p;
   QRandomGenerator m_random;
   int m_next = 0;
   QSet<ConversionJob *> m_known;          // jobs that should be in the list
