@@ -15,6 +15,8 @@
 #include <mutex>
 #include <utility>
 
+#include "SignalsBlocked.h"
+
 namespace ostrak {
 namespace {
 
@@ -106,6 +108,11 @@ QThreadPool &workers() {
   return *pool;
 }
 
+void startWorker(std::function<void()> run) {
+  const SignalsBlocked inheritedByTheWorker;
+  workers().start(std::move(run));
+}
+
 // Blocks that wait for their moment to go to the back. One worker watches over them, since the main
 // thread may be busy.
 class DelayedBlocks final {
@@ -114,7 +121,7 @@ class DelayedBlocks final {
     const std::lock_guard lock(m_mutex);
     m_waiting.emplace(due, std::move(block));
     m_changed.notify_all();
-    if (!std::exchange(m_watched, true)) workers().start([this, round = m_round] { watch(round); });
+    if (!std::exchange(m_watched, true)) startWorker([this, round = m_round] { watch(round); });
   }
 
   // Lets the watching worker go.
@@ -251,7 +258,7 @@ void dispatch_after_main(Block block, float seconds) {
 
 void dispatch_async_back(Block block) {
   // noexcept: what nobody catches ends the program where it was thrown, with the stack still there.
-  workers().start([block = std::move(block)]() noexcept {
+  startWorker([block = std::move(block)]() noexcept {
     onWorker = true;
     block();
   });

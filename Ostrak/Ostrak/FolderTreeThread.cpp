@@ -5,9 +5,10 @@
 #include <unistd.h>
 
 #include <array>
-#include <csignal>
 #include <system_error>
 #include <utility>
+
+#include "SignalsBlocked.h"
 
 namespace ostrak {
 namespace {
@@ -19,22 +20,6 @@ Descriptor makeFlag() {
 void raise(const Descriptor &flag) {
   (void)::eventfd_write(flag.get(), 1);
 }
-
-// Signals are the business of the threads that were there before.
-class SignalsBlocked final {
- public:
-  SignalsBlocked() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &m_before);
-  }
-  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-  SignalsBlocked(const SignalsBlocked &) = delete;
-  SignalsBlocked &operator=(const SignalsBlocked &) = delete;
-
- private:
-  sigset_t m_before{};
-};
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 
 #include "Logging.h"
 #include "SessionBus.h"
+#include "SignalsBlocked.h"
 #include "SleepRequest.h"
 
 using namespace Qt::StringLiterals;
@@ -121,6 +122,7 @@ std::unique_ptr<SleepAssertion> RealSleepInhibitor::inhibit(const QString &reaso
     m_requests = std::make_shared<Requests>(m_services);
     m_thread = std::make_unique<QThread>();
     m_requests->moveToThread(m_thread.get());
+    const ostrak::SignalsBlocked inheritedByTheThread;
     m_thread->start();
   }
   return std::make_unique<Assertion>(m_requests, reason);

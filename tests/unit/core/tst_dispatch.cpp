@@ -3,6 +3,7 @@
 #include <QTest>
 #include <QThread>
 #include <atomic>
+#include <csignal>
 #include <thread>
 
 #include "Dispatch.h"
@@ -24,6 +25,7 @@ class TestDispatch final : public QObject {
   void afterMainIsNeverEarly_data();
   void afterMainIsNeverEarly();
   void asyncBackRunsElsewhere();
+  void signalsComeToTheMainThread();
   void syncBackWaits();
   void syncBackCarriesExceptions();
   void nestedSyncBackNeverStarves();
@@ -122,6 +124,19 @@ void TestDispatch::asyncBackRunsElsewhere() {
   });
   QVERIFY(ran.tryAcquire(1, 20000));
   QVERIFY(!onMain);
+}
+
+// A worker that takes a signal has not noted it yet when the main thread already goes on.
+void TestDispatch::signalsComeToTheMainThread() {
+  sigset_t ofWorker{};
+  sigset_t ofMain{};
+  dispatch_sync_back([&ofWorker] { pthread_sigmask(SIG_SETMASK, nullptr, &ofWorker); });
+  pthread_sigmask(SIG_SETMASK, nullptr, &ofMain);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD}) {
+    QCOMPARE(sigismember(&ofWorker, signal), 1);
+    QCOMPARE(sigismember(&ofMain, signal), 0);
+  }
+  QCOMPARE(sigismember(&ofWorker, SIGSEGV), 0);
 }
 
 void TestDispatch::syncBackWaits() {
