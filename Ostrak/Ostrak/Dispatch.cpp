@@ -24,7 +24,8 @@ using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
 using Moment = std::chrono::steady_clock::time_point;
 
-// Who is main before there is an application object: the thread that loaded the program.
+// Who is main: the thread that loaded the program, in which the application object is made. That
+// one is not asked, for it may be on its way out while a worker asks.
 const Qt::HANDLE loadingThread = QThread::currentThreadId();
 
 thread_local bool onWorker = false;
@@ -233,9 +234,7 @@ void runAt(QObject *context, Moment due, const Block &block) {
 }  // namespace
 
 bool onMainThread() {
-  const QCoreApplication *application = QCoreApplication::instance();
-  return application ? QThread::currentThread() == application->thread()
-                     : QThread::currentThreadId() == loadingThread;
+  return QThread::currentThreadId() == loadingThread;
 }
 
 void dispatch_async_main(Block block) {

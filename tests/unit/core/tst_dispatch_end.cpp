@@ -63,6 +63,8 @@ void TestDispatchEnd::aWaitingWorkerIsLetGo() {
   std::thread worker;
   {
     const QCoreApplication application(argumentCount, argumentTexts);
+    // The application's end is known from the first block on.
+    dispatch_async_main([] {});
     worker = std::thread([&] {
       asking.release();
       dispatch_sync_main([&ran] { ran = true; });
